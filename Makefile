@@ -1,0 +1,37 @@
+# Quick start: `make run` and `make test` on a fresh Debian 12 machine.
+BUILD_DIR ?= build
+BUILD_TYPE ?= RelWithDebInfo
+JOBS ?= $(shell nproc)
+WERROR := $(if $(CI),ON,OFF)
+
+.PHONY: all deps configure build run test bench format install package clean
+
+all: build
+
+deps:
+	@bash scripts/install-deps.sh
+
+configure: deps
+	@cmake -S . -B $(BUILD_DIR) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) -DTOS_WERROR=$(WERROR) >/dev/null
+
+build: configure
+	@cmake --build $(BUILD_DIR) -j $(JOBS)
+
+run: build
+	@bash scripts/run-gui.sh $(BUILD_DIR)
+
+test: build
+	@cd $(BUILD_DIR) && ctest -j $(JOBS) --output-on-failure
+
+bench: configure
+	@cmake --build $(BUILD_DIR) -j $(JOBS) --target benchmarks
+	@bash scripts/run-benchmarks.sh $(BUILD_DIR)
+
+format: deps
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+package: build
+	@cd $(BUILD_DIR) && cpack -G DEB
+
+clean:
+	@rm -rf $(BUILD_DIR)

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "shell/compiler_form.h"
+#include "shell/main_form.h"
+#include "shell/run_state.h"
+#include "support/platform.h"
+#include "support/profile.h"
+
+namespace tos {
+
+// Everything one run of the program shares: the platform services, the run
+// state, the two forms and the profile reader's cache. Routines take it as their
+// context; there are no globals.
+struct App {
+    explicit App(Platform& p) : platform(p), profiles(p) {}
+    App(const App&) = delete;
+    App& operator=(const App&) = delete;
+
+    // Shows a box with one OK button (default title unless given).
+    void Message(const std::string& text) { platform.ShowMessage(MessageBox{text}); }
+
+    Platform& platform;
+    ProfileFiles profiles;
+    RunState state;
+    MainForm main;
+    CompilerForm compiler;
+};
+
+} // namespace tos

@@ -1,0 +1,189 @@
+#include "shell/controls.h"
+
+#include <algorithm>
+
+#include "support/conversions.h"
+#include "support/failure.h"
+
+namespace tos {
+
+void Event::Fire()
+{
+    // Copy: a routine may connect further routines while it runs.
+    const auto routines = routines_;
+    for (const auto& routine : routines)
+        (void)Trap(routine);
+}
+
+void Control::SetEnabled(bool enabled)
+{
+    if (enabled_ != enabled) {
+        enabled_ = enabled;
+        Changed();
+    }
+}
+
+void Control::SetVisible(bool visible)
+{
+    if (visible_ != visible) {
+        visible_ = visible;
+        Changed();
+    }
+}
+
+void Control::SetToolTip(std::string tip)
+{
+    toolTip_ = std::move(tip);
+    Changed();
+}
+
+void Control::SetFont(Font font)
+{
+    font_ = std::move(font);
+    Changed();
+}
+
+Label::Label(std::string name, std::string caption)
+    : Control(std::move(name)), caption_(std::move(caption))
+{
+}
+
+void Label::SetCaption(std::string caption)
+{
+    if (caption_ != caption) {
+        caption_ = std::move(caption);
+        Changed();
+    }
+}
+
+Button::Button(std::string name, std::string caption)
+    : Control(std::move(name)), caption_(std::move(caption))
+{
+}
+
+TextBox::TextBox(std::string name, std::string text)
+    : Control(std::move(name)), text_(std::move(text))
+{
+}
+
+void TextBox::SetText(std::string text)
+{
+    if (text_ == text)
+        return;
+    text_ = std::move(text);
+    Changed();
+    Change.Fire();
+}
+
+void TextBox::SetLocked(bool locked)
+{
+    if (locked_ != locked) {
+        locked_ = locked;
+        Changed();
+    }
+}
+
+void Control::SetBack(BackColor back)
+{
+    if (back_ != back) {
+        back_ = back;
+        Changed();
+    }
+}
+
+CheckBox::CheckBox(std::string name, std::string caption, int value)
+    : Control(std::move(name)), caption_(std::move(caption)), value_(value)
+{
+}
+
+void CheckBox::SetValue(int value)
+{
+    if (value_ == value)
+        return;
+    value_ = value;
+    Changed();
+    Click.Fire();
+}
+
+ListBox::ListBox(std::string name, bool sorted) : Control(std::move(name)), sorted_(sorted) {}
+
+void ListBox::AddItem(std::string row)
+{
+    if (rows_.size() >= static_cast<std::size_t>(kMaxRows))
+        Fail(err::Overflow);
+    if (sorted_)
+        keys_.push_back(UpperCase(row));
+    rows_.push_back(std::move(row));
+    Changed();
+}
+
+void ListBox::Clear()
+{
+    if (rows_.empty())
+        return;
+    rows_.clear();
+    keys_.clear();
+    sortedCount_ = 0;
+    Changed();
+}
+
+Int16 ListBox::ListCount() const
+{
+    return Int16(static_cast<std::int16_t>(rows_.size()));
+}
+
+const std::string& ListBox::List(Int16 index) const
+{
+    static const std::string empty;
+    const auto i = index.value();
+    if (i < 0 || static_cast<std::size_t>(i) >= rows_.size())
+        return empty;
+    SortPending();
+    return rows_[static_cast<std::size_t>(i)];
+}
+
+const std::vector<std::string>& ListBox::Rows() const
+{
+    SortPending();
+    return rows_;
+}
+
+void ListBox::SortPending() const
+{
+    if (!sorted_ || sortedCount_ == rows_.size())
+        return;
+    // Sort an index of the new rows by key (stable, so equal rows keep the order
+    // they were added in), then merge behind equal rows already there.
+    const std::size_t n = rows_.size();
+    std::vector<std::size_t> order(n);
+    for (std::size_t i = 0; i < n; ++i)
+        order[i] = i;
+    auto less = [this](std::size_t a, std::size_t b) {
+        // std::string compares char_traits<char>, which orders bytes as unsigned.
+        return keys_[a] < keys_[b];
+    };
+    std::stable_sort(order.begin() + static_cast<std::ptrdiff_t>(sortedCount_), order.end(), less);
+    std::inplace_merge(order.begin(), order.begin() + static_cast<std::ptrdiff_t>(sortedCount_),
+                       order.end(), less);
+    std::vector<std::string> rows(n), keys(n);
+    for (std::size_t i = 0; i < n; ++i) {
+        rows[i] = std::move(rows_[order[i]]);
+        keys[i] = std::move(keys_[order[i]]);
+    }
+    rows_ = std::move(rows);
+    keys_ = std::move(keys);
+    sortedCount_ = n;
+}
+
+ComboBox::ComboBox(std::string name) : Control(name), items_(std::move(name), false) {}
+
+void ComboBox::SetText(std::string text)
+{
+    if (text_ == text)
+        return;
+    text_ = std::move(text);
+    Changed();
+    Change.Fire();
+}
+
+} // namespace tos

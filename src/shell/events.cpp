@@ -1,0 +1,18 @@
+#include "shell/events.h"
+
+#include "combiner/script_combiner.h"
+#include "project/project_load.h"
+#include "shell/form_events.h"
+#include "shell/process_command.h"
+
+namespace tos {
+
+void ConnectEvents(App& app)
+{
+    ConnectMainFormEvents(app);
+    ConnectProjectEvents(app);
+    ConnectProcessEvents(app);
+    ConnectCombinerEvents(app);
+}
+
+} // namespace tos

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "shell/controls.h"
+
+namespace tos {
+
+// The main window as a model: its controls hold the settings and, in seven
+// hidden sorted lists, the records of the loaded scene. Built in its first state.
+struct MainForm {
+    MainForm();
+    MainForm(const MainForm&) = delete;
+    MainForm& operator=(const MainForm&) = delete;
+
+    std::string caption = "Tolvarine Object Scripter";
+    // Inner area in twips; the window has no maximise button.
+    static constexpr int kWidthTwips = 8895;
+    static constexpr int kHeightTwips = 6480;
+    // Position in twips, set by the centring routines.
+    int left = 0;
+    int top = 0;
+    bool loaded = false;
+    bool visible = false;
+    int mousePointer = 0;
+    ViewNotifier formView; // position, visibility, pointer
+
+    Frame frameSourceTolvarineProject;
+    Button btnBrowseProjectFile;
+    TextBox txtProjectFilePath;
+    CheckBox chkMainTile;
+    CheckBox chkPerimeterTile;
+    Label lblNumberOfTiles;
+    TextBox txtNumberOfTiles;
+    Label lblGridRes;
+    TextBox txtGridRes;
+    Label lblNumOfSLTFiles;
+    Label lblSLTcount;
+    Label lblSelectObject;
+    ComboBox comboSelectObject;
+    Label lblVerticalScale;
+    TextBox txtVerticalScale;
+    Label lblVerticalOffest;
+    TextBox txtVerticalOffset;
+
+    Frame Frame2;
+    Button btnBrowseMaxFile;
+    TextBox txtMaxFile;
+    Label lblMaxObjectName;
+    TextBox txtMaxObjectName;
+    CheckBox chkUseTolvarineName;
+    CheckBox chkUseMaxName;
+
+    Button btnProcess;
+    CheckBox chkSave;
+    Button btnRunScriptCompiler;
+    Button btnViewHelp;
+    Button btnExit;
+    CheckBox chkUseObjectScale;
+    TextBox txtObjectScale;
+    Label lblCalcGridSize;
+    TextBox txtGridSize;
+
+    Frame frameMaxScriptOutput;
+    ListBox List2; // the script buffer, unsorted
+
+    Frame Frame1;
+    Label lblVersion;
+    Label lblCredits;
+
+    // Hidden record lists, each sorted.
+    ListBox lstSCNdata1;
+    ListBox lstSCNdata2;
+    ListBox lstSCNdata3;
+    ListBox lstBillboards;
+    ListBox lstBales;
+    ListBox lstTripleBales;
+    ListBox lst55GalDrums_TrashCans;
+};
+
+} // namespace tos

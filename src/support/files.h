@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tos {
+
+// Plain file access. Every failure is a Failure with the number a user would
+// meet (53 missing file, 76 missing folder, 75 access, 61 disk full, ...).
+
+bool FileExists(const std::string& path);
+
+// Length in bytes; failure 53 for a missing file.
+std::int64_t FileLength(const std::string& path);
+
+// Time of last change at the finest resolution the file system gives, with the
+// size, as text that changes whenever either changes; nullopt when it cannot be read.
+std::optional<std::string> FileStamp(const std::string& path);
+
+// The whole file as bytes.
+std::string ReadWholeFile(const std::string& path);
+
+// Replaces the file with the rows, each followed by CR LF. A failure leaves what
+// was written so far; the file is always closed.
+void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& rows);
+
+// The folder of an absolute path as the platform writes a current directory:
+// no trailing separator except for the root.
+std::string FolderOfPath(const std::string& path);
+
+} // namespace tos

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+
+namespace tos {
+
+// The program's two forms, for services that act on one of them.
+enum class FormId { Main, Compiler };
+
+enum class MessageIcon { None, Exclamation };
+
+inline constexpr const char* kDefaultMessageTitle = "TolvarineObjectScripter";
+
+// A modal box with one OK button (the only kind this program shows).
+struct MessageBox {
+    std::string text;
+    std::string title = kDefaultMessageTitle;
+    MessageIcon icon = MessageIcon::None;
+};
+
+struct FileDialogRequest {
+    FormId form = FormId::Main;
+    std::string title;
+    std::string initialFolder;
+    std::string filter; // "PRJ File (*.prj)|*.prj"
+    int filterIndex = 1;
+    bool save = false;
+    std::string fileName;
+};
+
+// Mouse pointer values of the forms.
+inline constexpr int kPointerDefault = 0;
+inline constexpr int kPointerHourglass = 11;
+
+struct ScreenSize {
+    double widthTwips = 0;
+    double heightTwips = 0;
+};
+
+// Everything the core asks of the desktop. Qt implements it in the GUI; tests
+// use a recording fake.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    // Waits until the user has answered.
+    virtual void ShowMessage(const MessageBox& box) = 0;
+
+    // Full path of an existing file the user chose, or "" for no choice.
+    virtual std::string ShowFileDialog(const FileDialogRequest& request) = 0;
+
+    // The per-user store of remembered folders: "" when missing; a failed write is silent.
+    virtual std::string ReadSetting(const std::string& key, const std::string& valueName) = 0;
+    virtual void WriteSetting(const std::string& key, const std::string& valueName,
+                              const std::string& value) = 0;
+
+    // Opens a document with the desktop's handler; false when that failed.
+    virtual bool OpenDocument(const std::string& path) = 0;
+
+    // Folder the running program was started from, without a trailing separator.
+    virtual std::string ProgramFolder() = 0;
+
+    virtual void SetMousePointer(FormId form, int pointer) = 0;
+
+    virtual ScreenSize Screen() = 0;
+};
+
+// The separator of paths the program builds.
+#ifdef _WIN32
+inline constexpr char kPathSeparator = '\\';
+#else
+inline constexpr char kPathSeparator = '/';
+#endif
+
+} // namespace tos
