@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+namespace tos {
+
+struct App;
+
+// What a caller may set before start-up; the desktop program sets nothing.
+struct StartOptions {
+    // The stock catalogue profile file; "" means the one beside the program.
+    std::string iniFile;
+};
+
+// Fixes the run state, restores the remembered folders, loads both forms, shows
+// the main form and loads the stock catalogue.
+void Main(App& app, const StartOptions& options = {});
+
+// Writes both remembered folders; a failed write is silent.
+void SaveSettings(App& app);
+
+// Unloads both forms and ends the run.
+void ExitProgram(App& app);
+
+// The remembered-folder store. Note the different argument orders.
+std::string GetRegStr(App& app, const std::string& key, const std::string& valueName, int root);
+void SetRegStr(App& app, const std::string& valueName, const std::string& value,
+               const std::string& key, int root);
+
+inline constexpr int kHkeyCurrentUser = static_cast<int>(0x80000001u);
+
+} // namespace tos
