@@ -1,12 +1,109 @@
 #include "combiner/script_combiner.h"
 
 #include "shell/app.h"
+#include "shell/common_dialog.h"
+#include "shell/startup.h"
+#include "support/failure.h"
+#include "support/files.h"
 
 namespace tos {
 
+namespace {
+
+constexpr const char* kScriptFilter = "MS File (*.ms)|*.ms";
+
+void SetCompilerPointer(App& app, int pointer)
+{
+    app.compiler.mousePointer = pointer;
+    app.platform.SetMousePointer(FormId::Compiler, pointer);
+    app.compiler.formView.Notify();
+}
+
+} // namespace
+
+std::vector<std::string> SplitScriptLines(std::string_view bytes)
+{
+    std::vector<std::string> rows;
+    std::size_t start = 0;
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        if (bytes[pos] != '\r') {
+            ++pos;
+            continue;
+        }
+        rows.emplace_back(bytes.substr(start, pos - start));
+        ++pos;
+        if (pos < bytes.size() && bytes[pos] == '\n')
+            ++pos;
+        start = pos;
+    }
+    if (start < bytes.size())
+        rows.emplace_back(bytes.substr(start));
+    return rows;
+}
+
+void btnRunScriptCompiler_Click(App& app)
+{
+    app.compiler.lstMaxScripts.Clear();
+    app.compiler.visible = true;
+    app.compiler.formView.Notify();
+    // The view's modal loop returns once the form is hidden again.
+    if (app.compiler.showModal)
+        app.compiler.showModal();
+}
+
+void btnAddFile_Click(App& app)
+{
+    const std::string path =
+        ShowCommonDialog(app, FormId::Compiler, "Open MAX Script File (MS)", app.state.DefaultDir,
+                         kScriptFilter, Int16(1), false, "");
+    if (path.empty())
+        return;
+    auto failure = Trap([&] {
+        SetCompilerPointer(app, kPointerHourglass);
+        app.profiles.FlushProfileFile(path);
+        // The whole file is read and closed before any row is added.
+        const std::vector<std::string> rows = SplitScriptLines(ReadWholeFile(path));
+        ListBox& list = app.compiler.lstMaxScripts;
+        for (const auto& row : rows)
+            list.AddItem(row);
+        list.AddItem("");
+        list.AddItem("");
+    });
+    if (failure)
+        app.Message(TrapMessageLines("btnAddFile", *failure));
+    SetCompilerPointer(app, kPointerDefault);
+}
+
+void btnSaveAs_Click(App& app)
+{
+    const std::string path =
+        ShowCommonDialog(app, FormId::Compiler, "Save Compiled MAX Script As... (MS)",
+                         app.state.DefaultDir, kScriptFilter, Int16(1), true, "");
+    if (path.empty())
+        return;
+    auto failure = Trap([&] {
+        SetCompilerPointer(app, kPointerHourglass);
+        app.profiles.FlushProfileFile(path);
+        WriteLinesCrLf(path, app.compiler.lstMaxScripts.Rows());
+    });
+    if (failure)
+        app.Message(TrapMessageLines("btnSaveAs", *failure));
+    SetCompilerPointer(app, kPointerDefault);
+}
+
+void btnDone_Click(App& app)
+{
+    app.compiler.visible = false;
+    app.compiler.formView.Notify();
+}
+
 void ConnectCombinerEvents(App& app)
 {
-    (void)app;
+    app.main.btnRunScriptCompiler.Click.Connect([&app] { btnRunScriptCompiler_Click(app); });
+    app.compiler.btnAddFile.Click.Connect([&app] { btnAddFile_Click(app); });
+    app.compiler.btnSaveAs.Click.Connect([&app] { btnSaveAs_Click(app); });
+    app.compiler.btnDone.Click.Connect([&app] { btnDone_Click(app); });
 }
 
 } // namespace tos

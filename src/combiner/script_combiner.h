@@ -1,8 +1,32 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 namespace tos {
 
 struct App;
+
+// Splits file bytes into the rows the combiner shows: a line ends at CR or at
+// CR LF, and neither belongs to the row; a line feed alone is part of its row.
+// Nothing follows a line end at the very end of the file.
+std::vector<std::string> SplitScriptLines(std::string_view bytes);
+
+// The main form's button: empties the list and shows the combiner modally.
+void btnRunScriptCompiler_Click(App& app);
+
+// The combiner form's load event: centres the form on the screen.
+void CompilerForm_Load(App& app);
+
+// Appends the lines of a chosen script, then two empty rows.
+void btnAddFile_Click(App& app);
+
+// Writes every row of the list, each with CR LF, to a chosen file.
+void btnSaveAs_Click(App& app);
+
+// Hides the combiner; the list stays until the next opening.
+void btnDone_Click(App& app);
 
 // Connects the event routines of the combiner's buttons and its opening from the main form.
 void ConnectCombinerEvents(App& app);
