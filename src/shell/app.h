@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "shell/compiler_form.h"
 #include "shell/main_form.h"
 #include "shell/run_state.h"
@@ -18,6 +20,9 @@ struct App {
 
     // Shows a box with one OK button (default title unless given).
     void Message(const std::string& text) { platform.ShowMessage(MessageBox{text}); }
+
+    // Ends the process; the desktop program leaves its event loop here.
+    std::function<void()> endProcess;
 
     Platform& platform;
     ProfileFiles profiles;

@@ -1,10 +1,29 @@
 #pragma once
 
+#include <string>
+
 namespace tos {
 
 struct App;
 
-// Connects the event routines of the tile, save, scale and grid boxes, the .max browse, help and exit.
+// Connects the event routines of the tile, save, scale and grid boxes, the .max browse, help and
+// exit.
 void ConnectMainFormEvents(App& app);
+
+// The two tile boxes work as one choice with two settings.
+void chkMainTile_Click(App& app);
+void chkPerimeterTile_Click(App& app);
+void chkSave_Click(App& app);
+// Makes the scale box or the grid box the one the user edits.
+void chkUseObjectScale_Click(App& app);
+// Clean what was typed into a whole grid size or a six-decimal scale.
+void txtGridSize_LostFocus(App& app);
+void txtObjectScale_LostFocus(App& app);
+void btnBrowseMaxFile_Click(App& app);
+void btnViewHelp_Click(App& app);
+void btnExit_Click(App& app);
+
+// Opens a document with the desktop's handler; tells the user when that fails.
+void LaunchHelp(App& app, const std::string& file);
 
 } // namespace tos

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "support/platform.h"
+
 namespace tos {
 
 struct App;
@@ -21,6 +23,11 @@ void SaveSettings(App& app);
 
 // Unloads both forms and ends the run.
 void ExitProgram(App& app);
+
+// Place a form in the middle of the screen, top edge and left edge. A screen
+// too large for 16 bits puts the form at the edge.
+void CenterFormVertical(App& app, FormId form);
+void CenterFormHorizontal(App& app, FormId form);
 
 // The remembered-folder store. Note the different argument orders.
 std::string GetRegStr(App& app, const std::string& key, const std::string& valueName, int root);

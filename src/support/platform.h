@@ -18,6 +18,9 @@ struct MessageBox {
     MessageIcon icon = MessageIcon::None;
 };
 
+// Dialog flag: only the name of an existing file is accepted.
+inline constexpr int kFileMustExist = 4096;
+
 struct FileDialogRequest {
     FormId form = FormId::Main;
     std::string title;
@@ -26,6 +29,7 @@ struct FileDialogRequest {
     int filterIndex = 1;
     bool save = false;
     std::string fileName;
+    int flags = 0;
 };
 
 // Mouse pointer values of the forms.
