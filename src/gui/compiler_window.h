@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QDialog>
+
+class QCloseEvent;
+class QGroupBox;
+class QListWidget;
+class QPushButton;
+
+namespace tos {
+struct App;
+}
+
+namespace tos::gui {
+
+// The "Combine Scripts" window over the combiner form model. It never holds
+// state of its own: the model decides what the list shows and when the window
+// hides, and the window repaints from the model's notifications.
+class CompilerWindow : public QDialog {
+    Q_OBJECT
+
+public:
+    // Registers itself as the model's modal view, owned by the main window.
+    CompilerWindow(App& app, QWidget* owner);
+    ~CompilerWindow() override;
+
+protected:
+    // The close box and Escape do what the Done button does.
+    void closeEvent(QCloseEvent* event) override;
+    void reject() override;
+
+private:
+    void BuildControls();
+    void SyncForm();
+    void SyncList();
+
+    App& app_;
+    QGroupBox* frame_ = nullptr;
+    QListWidget* list_ = nullptr;
+    QPushButton* addFile_ = nullptr;
+    QPushButton* saveAs_ = nullptr;
+    QPushButton* done_ = nullptr;
+};
+
+} // namespace tos::gui

@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QGroupBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+#include "combiner/script_combiner.h"
+#include "common/fake_platform.h"
+#include "gui/compiler_window.h"
+#include "shell/app.h"
+
+namespace tos {
+namespace {
+
+class CompilerWindowTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int argc = 1;
+        static char name[] = "compiler_window_test";
+        static char* argv[] = {name, nullptr};
+        if (!QApplication::instance())
+            qapp_ = std::make_unique<QApplication>(argc, argv);
+    }
+
+    CompilerWindowTest() : app(platform), window(app, &owner) { ConnectCombinerEvents(app); }
+
+    // Opens the combiner from the main form and runs whileOpen inside its modal loop.
+    void OpenAndRun(std::function<void()> whileOpen)
+    {
+        bool ran = false;
+        QTimer::singleShot(0, &window, [&] {
+            ran = true;
+            whileOpen();
+            if (window.isVisible())
+                window.hide(); // never leave the test stuck in the modal loop
+        });
+        app.main.btnRunScriptCompiler.Click.Fire();
+        EXPECT_TRUE(ran);
+    }
+
+    QListWidget* List() { return window.findChild<QListWidget*>("lstMaxScripts"); }
+    QPushButton* Button(const char* name) { return window.findChild<QPushButton*>(name); }
+
+    static inline std::unique_ptr<QApplication> qapp_;
+    test::FakePlatform platform;
+    App app;
+    QWidget owner;
+    gui::CompilerWindow window;
+};
+
+TEST_F(CompilerWindowTest, MirrorsTheFormModel)
+{
+    EXPECT_EQ(window.windowTitle(), "Combine Scripts");
+    EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+    EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+    EXPECT_EQ(window.parentWidget(), &owner);
+    auto* frame = window.findChild<QGroupBox*>("frameCompiledMaxScript");
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(frame->title(), "Combine MAX Scripts into a Single Script");
+    ASSERT_NE(List(), nullptr);
+    EXPECT_EQ(List()->font().family(), "Courier New");
+    // clang-format off
+    const std::pair<const char*, const char*> buttons[] = {
+        {"btnAddFile", "&Add File"},
+        {"btnSaveAs",  "&Save As"},
+        {"btnDone",    "&Done"},
+    };
+    // clang-format on
+    for (const auto& [name, caption] : buttons) {
+        ASSERT_NE(Button(name), nullptr) << name;
+        EXPECT_EQ(Button(name)->text(), caption);
+    }
+    EXPECT_EQ(Button("btnDone")->nextInFocusChain(), List());
+}
+
+TEST_F(CompilerWindowTest, OpensEmptyDoneHidesAndTheNextOpeningIsEmptyAgain)
+{
+    app.compiler.lstMaxScripts.AddItem("left from before");
+    OpenAndRun([&] {
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(window.isModal());
+        EXPECT_EQ(List()->count(), 0);
+        app.compiler.lstMaxScripts.AddItem("caf\xE9 \x80");
+        app.compiler.lstMaxScripts.AddItem("");
+        ASSERT_EQ(List()->count(), 2);
+        EXPECT_EQ(List()->item(0)->text(), QString::fromUtf8("café €"));
+        QTest::mouseClick(Button("btnDone"), Qt::LeftButton);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_FALSE(app.compiler.visible);
+    EXPECT_EQ(app.compiler.lstMaxScripts.ListCount().value(), 2);
+
+    OpenAndRun([&] {
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(List()->count(), 0);
+        window.close(); // the close box acts as Done
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_FALSE(app.compiler.visible);
+}
+
+} // namespace
+} // namespace tos
