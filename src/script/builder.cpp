@@ -1,0 +1,198 @@
+#include "script/builder.h"
+
+#include <optional>
+#include <string>
+
+#include "orientation/angles.h"
+#include "script/script_text.h"
+#include "shell/app.h"
+#include "support/conversions.h"
+#include "support/elements.h"
+#include "support/failure.h"
+#include "support/files.h"
+
+namespace tos {
+
+namespace {
+
+// Where the tile grid puts the origin of 3ds Max, and how perimeter models fold.
+struct TileGeometry {
+    Num tile;
+    Num centre;
+    Num limit; // perimeter mode only
+};
+
+TileGeometry WorkOutGeometry(bool mainTile, Num gridRes, double tiles)
+{
+    if (mainTile && tiles == 6.0) {
+        return {gridRes * Num(512), gridRes * Num(512) * Num(3) / Num(2), Num(0)};
+    }
+    if (mainTile) {
+        return {gridRes * Num(256), gridRes * Num(256) * Num(tiles) / Num(2), Num(0)};
+    }
+    return {gridRes * Num(256), gridRes * Num(256) / Num(2), gridRes * Num(256)};
+}
+
+// Brings a coordinate beyond the first tile back by whole tiles.
+Num Fold(Num v, const TileGeometry& g)
+{
+    if (!(v > g.limit))
+        return v;
+    const Int16 m = ToInt16((Num(FloorNumber(((v - g.limit) / g.tile).value())) + Num(1)).value());
+    return v - Num(m.value()) * g.tile;
+}
+
+// One run of a builder: the form's values as read at its start, and the script.
+class Build {
+public:
+    Build(App& app, const BuilderKind& kind)
+        : app_(app), kind_(kind), form_(app.main), rows_(app.main.*kind.list)
+    {
+    }
+
+    void Run()
+    {
+        selection_ = form_.comboSelectObject.Text();
+        if (selection_.empty()) {
+            app_.Message("Invalid Object Name");
+            return;
+        }
+        mainTile_ = form_.chkMainTile.Checked();
+        app_.state.ScriptFileName = app_.state.ScriptBasePath + (mainTile_ ? "_Main_" : "_Per_") +
+                                    (kind_.fileSubject ? kind_.fileSubject : selection_) + ".ms";
+        form_.List2.Clear();
+
+        const Num gridRes = TextToNumber(form_.txtGridRes.Text());
+        const double tiles = TextToNumber(form_.txtNumberOfTiles.Text());
+        Num gridSize = RoundHalfEven(TextToNumber(form_.txtGridSize.Text()), 0);
+        objectScale_ = TextToNumber(form_.txtObjectScale.Text());
+
+        geometry_ = WorkOutGeometry(mainTile_, gridRes, tiles);
+        if (form_.chkUseObjectScale.Checked()) {
+            gridSize = RoundHalfEven((objectScale_ * geometry_.tile / Num(100)).value(), 0);
+            form_.txtGridSize.SetText(NumberToText(gridSize.value()));
+        } else {
+            objectScale_ = gridSize * Num(100) / geometry_.tile;
+            form_.txtObjectScale.SetText(
+                FormatPattern(RoundHalfEven(objectScale_.value(), 6), "0.000000"));
+        }
+
+        verticalScale_ = TextToNumber(form_.txtVerticalScale.Text());
+        verticalOffset_ = TextToNumber(form_.txtVerticalOffset.Text());
+        object_ = form_.txtMaxObjectName.Text();
+
+        AppendHeadBlock(form_.List2, GetFileName(app_.platform, app_.state.ScriptFileName),
+                        form_.txtMaxFile.Text());
+        PlaceAll();
+        TurnFirstObject();
+        if (app_.state.SaveToFile)
+            WriteLinesCrLf(app_.state.ScriptFileName, form_.List2.Rows());
+    }
+
+private:
+    bool Matches(const std::string& row)
+    {
+        return !kind_.matchesSelection ||
+               GetElement(app_.platform, row, "|", Int16(0)) == selection_;
+    }
+
+    std::string SectionOf(const std::string& row)
+    {
+        const std::string field = GetElement(app_.platform, row, "|", kind_.modelNumberField);
+        return "Model" + IntegerToText(ToInt32(TextToNumber(field)).value());
+    }
+
+    bool FullSize() const { return objectScale_ == Num(100); }
+
+    MaxPosition PositionOf(const std::string& section)
+    {
+        const std::string text =
+            app_.profiles.GetINIString(section, "Position", app_.state.ScnFile);
+        Num x = TextToNumber(GetElement(app_.platform, text, ",", Int16(0)));
+        const Num y = TextToNumber(GetElement(app_.platform, text, ",", Int16(1)));
+        Num z = TextToNumber(GetElement(app_.platform, text, ",", Int16(2)));
+        if (!mainTile_) {
+            x = Fold(x, geometry_);
+            z = Fold(z, geometry_);
+        }
+        const Num centre = geometry_.centre;
+        Num maxX = z - centre;
+        Num maxY = centre + centre - x - centre;
+        Num maxZ = verticalScale_ * y + verticalOffset_;
+        if (!FullSize()) {
+            maxX = objectScale_ * maxX / Num(100);
+            maxY = objectScale_ * maxY / Num(100);
+            maxZ = objectScale_ * maxZ / Num(100);
+        }
+        return {maxX.value(), maxY.value(), maxZ.value()};
+    }
+
+    // The first matching row becomes the merged object, every later one a copy.
+    void PlaceAll()
+    {
+        bool first = true;
+        Int16 count = 0;
+        const Int16 rowCount = rows_.ListCount();
+        for (Int16 i = 0; i < rowCount; ++i) {
+            const std::string& row = rows_.List(i);
+            if (!Matches(row))
+                continue;
+            const std::string section = SectionOf(row);
+            const MaxPosition at = PositionOf(section);
+            if (first) {
+                std::optional<double> factor;
+                if (!FullSize())
+                    factor = RoundHalfEven((objectScale_ / Num(100)).value(), 8);
+                AppendFirstObjectBlock(form_.List2, object_, at, factor);
+                first = false;
+            } else {
+                AppendCopyPlacement(form_.List2, object_, count, at);
+                CalculateAngles(app_, section);
+                AppendCopyTurns(form_.List2, object_, count, TurnsOf(app_.state));
+            }
+            ++count;
+        }
+    }
+
+    // The merged object is turned last, so every copy was made from it unturned.
+    void TurnFirstObject()
+    {
+        const Int16 rowCount = rows_.ListCount();
+        for (Int16 i = 0; i < rowCount; ++i) {
+            const std::string& row = rows_.List(i);
+            if (!Matches(row))
+                continue;
+            CalculateAngles(app_, SectionOf(row));
+            AppendGoBackBlock(form_.List2, object_, TurnsOf(app_.state));
+            return;
+        }
+    }
+
+    App& app_;
+    const BuilderKind& kind_;
+    MainForm& form_;
+    const ListBox& rows_;
+    std::string selection_;
+    std::string object_;
+    bool mainTile_ = true;
+    TileGeometry geometry_;
+    Num objectScale_;
+    Num verticalScale_;
+    Num verticalOffset_;
+};
+
+} // namespace
+
+void RunBuilder(App& app, const BuilderKind& kind)
+{
+    if (auto failure = Trap([&] { Build(app, kind).Run(); }))
+        app.Message(TrapMessageLines(kind.routine, *failure));
+}
+
+void BuildScript(App& app)
+{
+    static const BuilderKind kind{"BuildScript", &MainForm::lstSCNdata2, true, Int16(1), nullptr};
+    RunBuilder(app, kind);
+}
+
+} // namespace tos
