@@ -1,12 +1,132 @@
 #include "shell/process_command.h"
 
+#include <array>
+#include <string>
+
+#include "script/builder.h"
+#include "script/stock_builders.h"
 #include "shell/app.h"
+#include "support/conversions.h"
+#include "support/elements.h"
 
 namespace tos {
 
+namespace {
+
+void SetPointer(App& app, int pointer)
+{
+    app.main.mousePointer = pointer;
+    app.main.formView.Notify();
+    app.platform.SetMousePointer(FormId::Main, pointer);
+}
+
+// The selection must be one of the rows, ignoring case and nothing else.
+bool IsListed(const ComboBox& combo, const std::string& selection)
+{
+    const std::string wanted = UpperCase(selection);
+    const ListBox& rows = combo.Items();
+    bool found = false;
+    for (Int16 i = 0; i < rows.ListCount() && !found; ++i)
+        found = UpperCase(rows.List(i)) == wanted;
+    return found;
+}
+
+struct GroupBuilder {
+    const char* keyword;
+    void (*build)(App&);
+};
+
+constexpr std::array<GroupBuilder, 4> kGroupBuilders{{
+    {"* OPTION 1", BuildBillboardScript},
+    {"* OPTION 2", BuildBaleScript},
+    {"* OPTION 3", BuildTripleBaleScript},
+    {"* OPTION 4", Build55GalDrum_TrashCanScript},
+}};
+
+} // namespace
+
+void btnProcess_Click(App& app)
+{
+    MainForm& form = app.main;
+    if (form.txtMaxFile.Text().empty()) {
+        app.Message("Please specify a Max file");
+        return;
+    }
+    if (form.txtMaxObjectName.Text().empty()) {
+        app.Message("Please specify a Max object name");
+        return;
+    }
+    const std::string selection = form.comboSelectObject.Text();
+    if (selection.empty()) {
+        app.Message("Please select an Object to process");
+        return;
+    }
+    if (!IsListed(form.comboSelectObject, selection)) {
+        app.Message("Please select only from the Object List");
+        return;
+    }
+
+    SetPointer(app, kPointerHourglass);
+    const std::string keyword = UpperCase(GetElement(app.platform, selection, ":", Int16(0)));
+    void (*build)(App&) = BuildScript;
+    for (const GroupBuilder& group : kGroupBuilders) {
+        if (keyword == group.keyword) {
+            build = group.build;
+            break;
+        }
+    }
+    build(app);
+    SetPointer(app, kPointerDefault);
+}
+
+void chkUseTolvarineName_Click(App& app)
+{
+    MainForm& form = app.main;
+    if (!form.chkUseTolvarineName.Checked())
+        return;
+    form.chkUseMaxName.SetValue(0);
+    form.txtMaxObjectName.SetText(form.comboSelectObject.Text());
+}
+
+void chkUseMaxName_Click(App& app)
+{
+    MainForm& form = app.main;
+    if (!form.chkUseMaxName.Checked())
+        return;
+    form.chkUseTolvarineName.SetValue(0);
+    form.txtMaxObjectName.SetText(GetBaseName(app.platform, form.txtMaxFile.Text()));
+}
+
+void comboSelectObject_Changed(App& app)
+{
+    MainForm& form = app.main;
+    if (form.chkUseTolvarineName.Checked())
+        form.txtMaxObjectName.SetText(form.comboSelectObject.Text());
+}
+
+void txtMaxFile_Changed(App& app)
+{
+    MainForm& form = app.main;
+    if (form.chkUseMaxName.Checked())
+        form.txtMaxObjectName.SetText(GetBaseName(app.platform, form.txtMaxFile.Text()));
+}
+
 void ConnectProcessEvents(App& app)
 {
-    (void)app;
+    MainForm& form = app.main;
+    form.btnProcess.Click.Connect([&app] { btnProcess_Click(app); });
+    form.chkUseTolvarineName.Click.Connect([&app] { chkUseTolvarineName_Click(app); });
+    form.chkUseMaxName.Click.Connect([&app] { chkUseMaxName_Click(app); });
+
+    ComboBox& combo = form.comboSelectObject;
+    for (Event* e : {&combo.Change, &combo.Click, &combo.DropDown, &combo.GotFocus,
+                     &combo.LostFocus, &combo.Scroll})
+        e->Connect([&app] { comboSelectObject_Changed(app); });
+
+    TextBox& maxFile = form.txtMaxFile;
+    for (Event* e : {&maxFile.Change, &maxFile.Click, &maxFile.DblClick, &maxFile.GotFocus,
+                     &maxFile.LostFocus})
+        e->Connect([&app] { txtMaxFile_Changed(app); });
 }
 
 } // namespace tos
