@@ -52,6 +52,12 @@ void btnRunScriptCompiler_Click(App& app)
         app.compiler.showModal();
 }
 
+void CompilerForm_Load(App& app)
+{
+    CenterFormVertical(app, FormId::Compiler);
+    CenterFormHorizontal(app, FormId::Compiler);
+}
+
 void btnAddFile_Click(App& app)
 {
     const std::string path =

@@ -233,5 +233,25 @@ TEST_F(CombinerTest, EachOpeningStartsEmptyAndDoneOnlyHides)
     EXPECT_TRUE(platform.messages.empty());
 }
 
+TEST_F(CombinerTest, LoadCentresTheFormOnTheScreen)
+{
+    struct Case {
+        double width, height;
+        int left, top;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {19200, 10800, 6592, 2737},
+        {40000, 4000,  0,    0},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        platform.screen = {c.width, c.height};
+        CompilerForm_Load(app);
+        EXPECT_EQ(app.compiler.left, c.left);
+        EXPECT_EQ(app.compiler.top, c.top);
+    }
+}
+
 } // namespace
 } // namespace tos
