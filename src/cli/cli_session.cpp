@@ -1,0 +1,122 @@
+#include "cli/cli_session.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+#include "shell/app.h"
+#include "shell/startup.h"
+
+namespace tos::cli {
+
+CliPlatform::CliPlatform(CommandContext& context) : context_(context) {}
+
+void CliPlatform::QueueDialogAnswer(std::string path)
+{
+    dialogAnswers_.push_back(std::move(path));
+}
+
+void CliPlatform::ShowMessage(const MessageBox& box)
+{
+    std::string line = box.title + ": ";
+    for (const char c : box.text) {
+        if (c == '\n')
+            line += "\\n";
+        else
+            line += c;
+    }
+    context_.err << line << '\n';
+    ++messageCount_;
+}
+
+std::string CliPlatform::ShowFileDialog(const FileDialogRequest&)
+{
+    if (dialogAnswers_.empty())
+        return "";
+    std::string answer = std::move(dialogAnswers_.front());
+    dialogAnswers_.pop_front();
+    return answer;
+}
+
+std::string CliPlatform::ReadSetting(const std::string&, const std::string&)
+{
+    return "";
+}
+
+// The tool never changes the folders the desktop program remembers.
+void CliPlatform::WriteSetting(const std::string&, const std::string&, const std::string&) {}
+
+bool CliPlatform::OpenDocument(const std::string&)
+{
+    return false;
+}
+
+std::string CliPlatform::ProgramFolder()
+{
+    return context_.programFolder;
+}
+
+void CliPlatform::SetMousePointer(FormId, int) {}
+
+ScreenSize CliPlatform::Screen()
+{
+    return {};
+}
+
+void AddLoadOptions(CLI::App& sub, LoadOptions& options)
+{
+    sub.add_option("PROJECT", options.project,
+                   "The project's .prj file; its .scn must lie beside it")
+        ->required();
+    sub.add_flag("--perimeter", options.perimeter,
+                 "Load the models of the perimeter tiles instead of the main tile");
+    auto* scale = sub.add_option("--object-scale", options.objectScale,
+                                 "Object scale in percent; the grid size follows from it")
+                      ->type_name("TEXT")
+                      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    auto* grid = sub.add_option("--grid-size", options.gridSize,
+                                "Grid size in 3ds Max; the object scale follows from it")
+                     ->type_name("TEXT")
+                     ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    scale->excludes(grid);
+    sub.add_option("--ini", options.iniFile,
+                   "Stock catalogue file (default: TolvarineObjectScripter.ini beside the program)")
+        ->type_name("FILE")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
+
+std::string AbsoluteProjectPath(const std::string& project)
+{
+    if (project.empty() || std::filesystem::path(project).is_absolute())
+        return project;
+    std::error_code ec;
+    return std::filesystem::current_path(ec).string() + kPathSeparator + project;
+}
+
+int StartAndLoad(tos::App& app, CliPlatform& platform, const LoadOptions& options, CommandContext&)
+{
+    Main(app, StartOptions{options.iniFile});
+    MainForm& f = app.main;
+    if (options.perimeter)
+        f.chkPerimeterTile.SetValue(f.chkPerimeterTile.Value() == 1 ? 0 : 1);
+    if (options.gridSize) {
+        f.chkUseObjectScale.SetValue(0);
+        f.txtGridSize.SetText(*options.gridSize);
+        f.txtGridSize.LostFocus.Fire();
+    }
+    if (options.objectScale) {
+        f.txtObjectScale.SetText(*options.objectScale);
+        f.txtObjectScale.LostFocus.Fire();
+    }
+    platform.QueueDialogAnswer(AbsoluteProjectPath(options.project));
+    f.btnBrowseProjectFile.Click.Fire();
+    return ExitStatus(platform);
+}
+
+int ExitStatus(const CliPlatform& platform)
+{
+    return platform.MessageCount() > 0 ? kExitMessages : kExitOk;
+}
+
+} // namespace tos::cli

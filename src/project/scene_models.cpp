@@ -1,0 +1,192 @@
+#include "project/scene_models.h"
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <vector>
+
+#include "project/catalogue.h"
+#include "shell/app.h"
+#include "support/conversions.h"
+#include "support/elements.h"
+#include "support/failure.h"
+
+namespace tos {
+
+namespace {
+
+constexpr const char* kModelPrefix = "Model";
+
+template <class Profiles>
+std::optional<std::vector<std::int32_t>> SectionNumbers(Profiles& profiles, const std::string& file)
+{
+    if constexpr (requires { profiles.NumberedSections(file, kModelPrefix); })
+        return profiles.NumberedSections(file, kModelPrefix);
+    else
+        return std::nullopt;
+}
+
+// Candidates for the object list: .SLT models and the user's misc stock objects.
+bool IsCandidate(App& app, const std::string& modelValue)
+{
+    return GetFileExtension(app.platform, UpperCase(modelValue)) == "SLT" ||
+           IsInternalMiscStockObject(app, modelValue);
+}
+
+// The object name shared by all placed copies: the base name up to "_KV_".
+std::string Stem(App& app, const std::string& modelValue)
+{
+    return GetElement(app.platform, GetBaseName(app.platform, modelValue), "_KV_", Int16(0));
+}
+
+void FirstPass(App& app, MainForm& form, const TileWindow& window)
+{
+    const std::string& scn = app.state.ScnFile;
+    ForEachModelNumber(app, app.state.NumberOfStaticModels, [&](Int32 n) {
+        const std::string section = ModelSection(n);
+        const std::string value = app.profiles.GetINIString(section, "SLT", scn);
+        if (!IsCandidate(app, value))
+            return;
+        const std::string position = app.profiles.GetINIString(section, "Position", scn);
+        const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
+        const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
+        const bool inside = window.Contains(x, z);
+        const bool mainTile = app.main.chkMainTile.Value() == 1;
+        if (inside == mainTile)
+            form.lstSCNdata1.AddItem(Stem(app, value) + "|" + ModelNumberField(n));
+    });
+}
+
+// Rows of one stem lie side by side in the sorted list, so a look at the next
+// row finds where each group ends; the copy counter restarts there.
+void SecondPass(App& app, MainForm& form)
+{
+    form.lstSCNdata2.Clear();
+    Int32 copy = 1;
+    const Int32 count = Int32(form.lstSCNdata1.ListCount().value());
+    for (Int32 i = 0; i <= count - 1; ++i) {
+        const std::string row = form.lstSCNdata1.List(Int16::From(i.value()));
+        form.lstSCNdata2.AddItem(row + "|" + FormatPattern(copy.value(), "000"));
+        const std::string next = form.lstSCNdata1.List(Int16::From((i + 1).value()));
+        if (UpperCase(GetElement(app.platform, row, "|", Int16(0))) ==
+            UpperCase(GetElement(app.platform, next, "|", Int16(0))))
+            ++copy;
+        else
+            copy = 1;
+    }
+}
+
+void ThirdPass(App& app, MainForm& form)
+{
+    form.lstSCNdata3.Clear();
+    const Int32 count = Int32(form.lstSCNdata2.ListCount().value());
+    for (Int32 i = 0; i <= count - 1; ++i) {
+        const std::string row = form.lstSCNdata2.List(Int16::From(i.value()));
+        if (GetElement(app.platform, row, "|", Int16(2)) == "001")
+            form.lstSCNdata3.AddItem(GetElement(app.platform, row, "|", Int16(0)));
+    }
+}
+
+} // namespace
+
+std::string ModelSection(Int32 n)
+{
+    return kModelPrefix + IntegerToText(n.value());
+}
+
+std::string ModelNumberField(Int32 n)
+{
+    return FormatPattern(n.value(), "000");
+}
+
+TileWindow ReadTileWindowAndLinkScale(App& app)
+{
+    MainForm& f = app.main;
+    const Num gridRes = TextToNumber(f.txtGridRes.Text());
+    const Num tiles = RoundHalfEven(TextToNumber(f.txtNumberOfTiles.Text()), 0);
+    Num gridSize = RoundHalfEven(TextToNumber(f.txtGridSize.Text()), 0);
+    Num objectScale = TextToNumber(f.txtObjectScale.Text());
+
+    TileWindow w;
+    if (tiles == Num(6)) {
+        w.tile = gridRes * Num(512);
+        w.start = gridRes * Num(512);
+        w.end = gridRes * Num(512) + w.start;
+    } else {
+        w.tile = gridRes * Num(256);
+        w.start = gridRes * Num(256) * (tiles - Num(1)) / Num(2);
+        w.end = gridRes * Num(256) + w.start;
+    }
+
+    if (f.chkUseObjectScale.Value() == 1) {
+        gridSize = RoundHalfEven((objectScale * w.tile / Num(100)).value(), 0);
+        f.txtGridSize.SetText(NumberToText(gridSize.value()));
+    } else {
+        objectScale = gridSize * Num(100) / w.tile;
+        f.txtObjectScale.SetText(FormatPattern(RoundHalfEven(objectScale.value(), 6), "0.000000"));
+    }
+    return w;
+}
+
+void ForEachModelNumber(App& app, Int32 count, const std::function<void(Int32)>& visit)
+{
+    const auto numbers = SectionNumbers(app.profiles, app.state.ScnFile);
+    if (!numbers) {
+        for (Int32 n = 1; n <= count; ++n)
+            visit(n);
+        return;
+    }
+    for (const auto n : *numbers) {
+        if (n < 1)
+            continue;
+        if (n > count.value())
+            break;
+        visit(Int32(n));
+    }
+    // The counted loop steps its counter once past the last value.
+    if (count.value() == std::numeric_limits<std::int32_t>::max())
+        Fail(err::Overflow);
+}
+
+void GetSLTcount(App& app)
+{
+    RunState& s = app.state;
+    if (auto f = Trap([&] {
+            s.SLTcount = 0;
+            const std::string value =
+                app.profiles.GetINIString("StaticModels", "NumberOfStaticModels", s.ScnFile);
+            if (value.empty()) {
+                app.platform.ShowMessage({"Error reading NumberOfStaticModels in SCN file.",
+                                          s.AppName, MessageIcon::Exclamation});
+                return;
+            }
+            s.NumberOfStaticModels = ToInt32(TextToNumber(value));
+            ForEachModelNumber(app, s.NumberOfStaticModels, [&](Int32 n) {
+                const std::string model =
+                    app.profiles.GetINIString(ModelSection(n), "SLT", s.ScnFile);
+                if (GetFileExtension(app.platform, UpperCase(model)) == "SLT")
+                    ++s.SLTcount;
+            });
+            app.main.lblSLTcount.SetCaption(IntegerToText(s.SLTcount.value()));
+        }))
+        app.Message(TrapMessageColon("GetSLTcount", *f));
+}
+
+void ProcessSCNmodels(App& app, MainForm& form)
+{
+    if (auto f = Trap([&] {
+            form.lstSCNdata1.Clear();
+            const TileWindow window = ReadTileWindowAndLinkScale(app);
+            if (app.state.NumberOfStaticModels < Int32(1)) {
+                form.lstSCNdata2.Clear();
+                form.lstSCNdata3.Clear();
+                return;
+            }
+            FirstPass(app, form, window);
+            SecondPass(app, form);
+            ThirdPass(app, form);
+        }))
+        app.Message(TrapMessageColon("ProcessSCNmodels", *f));
+}
+
+} // namespace tos

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "support/checked.h"
+
+namespace tos {
+
+struct App;
+struct MainForm;
+
+// The square of the main tile in the scene's ground axes (x and z), with the
+// side of one tile that the scale and grid size are worked out from.
+struct TileWindow {
+    Num tile;
+    Num start;
+    Num end;
+
+    // Both ends count as inside.
+    bool Contains(Num x, Num z) const { return start <= x && x <= end && start <= z && z <= end; }
+};
+
+// Reads the grid values of the form, works out the window and brings the grid
+// size and object scale into line: whichever box chkUseObjectScale says rules
+// sets the other. Division by a zero tile is failure 11 (6 for a zero size).
+TileWindow ReadTileWindowAndLinkScale(App& app);
+
+// Calls visit(n) for the model numbers 1..count, in ascending order, exactly as
+// a 32-bit counted loop from 1 to count would see them: numbers whose section
+// the scene lacks are skipped without being read, and a count of 2,147,483,647
+// ends in failure 6 when the counter steps past it.
+void ForEachModelNumber(App& app, Int32 count, const std::function<void(Int32)>& visit);
+
+// "Model" followed by the number in plain decimal.
+std::string ModelSection(Int32 n);
+
+// Model number as it stands in a record row: three digits at least.
+std::string ModelNumberField(Int32 n);
+
+// Reads NumberOfStaticModels and counts the models whose file is an .SLT.
+void GetSLTcount(App& app);
+
+// Fills lstSCNdata1..3 of the form with the models of the chosen tiles: the
+// placed models (stem|number), their copy numbers (stem|number|copy) and one
+// row for each distinct stem.
+void ProcessSCNmodels(App& app, MainForm& form);
+
+} // namespace tos

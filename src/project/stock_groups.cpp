@@ -1,0 +1,77 @@
+#include "project/stock_groups.h"
+
+#include "project/catalogue.h"
+#include "project/scene_models.h"
+#include "shell/app.h"
+#include "support/conversions.h"
+#include "support/elements.h"
+#include "support/failure.h"
+
+namespace tos {
+
+namespace {
+
+// What tells the four groups apart: the catalogue test and the list they fill.
+struct StockGroup {
+    const char* routine;
+    bool (*isMember)(App&, const std::string&);
+    ListBox MainForm::*list;
+};
+
+constexpr StockGroup kBillboards{"ProcessBillboards", IsInternalBillboard,
+                                 &MainForm::lstBillboards};
+constexpr StockGroup kBales{"ProcessBales", IsInternalBale, &MainForm::lstBales};
+constexpr StockGroup kTripleBales{"ProcessTripleBales", IsInternalTripleBale,
+                                  &MainForm::lstTripleBales};
+constexpr StockGroup kDrumsTrashCans{"Process55GalDrums_TrashCans", IsInternal55GalDrum_TrashCan,
+                                     &MainForm::lst55GalDrums_TrashCans};
+
+void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
+{
+    ListBox& list = form.*group.list;
+    if (auto f = Trap([&] {
+            list.Clear();
+            const TileWindow window = ReadTileWindowAndLinkScale(app);
+            const Int32 count = app.state.NumberOfStaticModels;
+            if (count <= Int32(0))
+                return;
+            const std::string& scn = app.state.ScnFile;
+            ForEachModelNumber(app, count, [&](Int32 n) {
+                const std::string section = ModelSection(n);
+                const std::string value = app.profiles.GetINIString(section, "SLT", scn);
+                if (!group.isMember(app, value))
+                    return;
+                const std::string position = app.profiles.GetINIString(section, "Position", scn);
+                const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
+                const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
+                const bool mainTile = app.main.chkMainTile.Value() == 1;
+                if (window.Contains(x, z) == mainTile)
+                    list.AddItem(ModelNumberField(n) + "|" + value);
+            });
+        }))
+        app.Message(TrapMessageColon(group.routine, *f));
+}
+
+} // namespace
+
+void ProcessBillboards(App& app, MainForm& form)
+{
+    ProcessStockGroup(app, form, kBillboards);
+}
+
+void ProcessBales(App& app, MainForm& form)
+{
+    ProcessStockGroup(app, form, kBales);
+}
+
+void ProcessTripleBales(App& app, MainForm& form)
+{
+    ProcessStockGroup(app, form, kTripleBales);
+}
+
+void Process55GalDrums_TrashCans(App& app, MainForm& form)
+{
+    ProcessStockGroup(app, form, kDrumsTrashCans);
+}
+
+} // namespace tos
