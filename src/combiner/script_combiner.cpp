@@ -63,8 +63,12 @@ void btnAddFile_Click(App& app)
     const std::string path =
         ShowCommonDialog(app, FormId::Compiler, "Open MAX Script File (MS)", app.state.DefaultDir,
                          kScriptFilter, Int16(1), false, "");
-    if (path.empty())
-        return;
+    if (!path.empty())
+        AddScriptFile(app, path);
+}
+
+void AddScriptFile(App& app, const std::string& path)
+{
     auto failure = Trap([&] {
         SetCompilerPointer(app, kPointerHourglass);
         app.profiles.FlushProfileFile(path);
@@ -86,8 +90,12 @@ void btnSaveAs_Click(App& app)
     const std::string path =
         ShowCommonDialog(app, FormId::Compiler, "Save Compiled MAX Script As... (MS)",
                          app.state.DefaultDir, kScriptFilter, Int16(1), true, "");
-    if (path.empty())
-        return;
+    if (!path.empty())
+        SaveCombinedScript(app, path);
+}
+
+void SaveCombinedScript(App& app, const std::string& path)
+{
     auto failure = Trap([&] {
         SetCompilerPointer(app, kPointerHourglass);
         app.profiles.FlushProfileFile(path);

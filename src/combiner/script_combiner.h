@@ -21,9 +21,14 @@ void CompilerForm_Load(App& app);
 
 // Appends the lines of a chosen script, then two empty rows.
 void btnAddFile_Click(App& app);
+// The same for a script already chosen; a failure shows btnAddFile's message.
+void AddScriptFile(App& app, const std::string& path);
 
 // Writes every row of the list, each with CR LF, to a chosen file.
 void btnSaveAs_Click(App& app);
+// The same for a file already chosen, which need not exist yet; a failure
+// shows btnSaveAs's message.
+void SaveCombinedScript(App& app, const std::string& path);
 
 // Hides the combiner; the list stays until the next opening.
 void btnDone_Click(App& app);

@@ -154,14 +154,6 @@ TEST_F(CombinerTest, ReadOnlyTargetShowsTheTrapAndKeepsRowsAndFile)
     EXPECT_EQ(platform.pointerChanges.back(), std::make_pair(FormId::Compiler, 0));
 }
 
-TEST_F(CombinerTest, MissingScriptShowsTheTrapAndAddsNothing)
-{
-    Add(dir.File("gone.ms"));
-    EXPECT_EQ(platform.Texts(), (Rows{"Unexpected error in btnAddFile \n\n 53 - File not found"}));
-    EXPECT_TRUE(ListRows().empty());
-    EXPECT_EQ(platform.pointerChanges.back(), std::make_pair(FormId::Compiler, 0));
-}
-
 std::string Lines(int count)
 {
     std::string bytes;
