@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -46,5 +47,15 @@ std::string MiddlePart(std::string_view text, long long start, long long count);
 
 // The ordinary case-blind comparison: UpperCase of both sides equal.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+
+namespace detail {
+extern const std::array<unsigned char, 256> kUpperBytes;
+}
+
+// The capital of one character, as UpperCase makes it.
+inline char UpperChar(char c)
+{
+    return static_cast<char>(detail::kUpperBytes[static_cast<unsigned char>(c)]);
+}
 
 } // namespace tos

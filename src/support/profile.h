@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "support/checked.h"
 
@@ -27,8 +30,23 @@ public:
     // Forgets what is held of the file, so the next read sees it on disk.
     void FlushProfileFile(const std::string& file);
 
+    // The numbers n >= 1, ascending and distinct, for which GetINIString would find a
+    // section named prefix + IntegerToText(n) in the file as it reads it now (its own
+    // rules of section matching: case-blind, blanks at the ends dropped, "Model007" is
+    // not "Model7"). nullopt when the file cannot be read.
+    std::optional<std::vector<std::int32_t>> NumberedSections(const std::string& file,
+                                                              const std::string& prefix);
+
 private:
     struct Impl;
+
+    // The reader of large files: looks the section up in the cache and walks its lines.
+    std::int32_t ReadValueFromCache(const std::string& section, const std::string& key,
+                                    const std::string& defaultValue, std::string& buffer,
+                                    std::int32_t size, const std::string& file);
+    // Reads the file and indexes its section headers.
+    void LoadSectionCache(const std::string& file);
+
     std::unique_ptr<Impl> impl_;
 };
 

@@ -1,0 +1,378 @@
+#include "support/conversions.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+namespace tos {
+
+namespace {
+
+// Characters the number reader steps over wherever they stand.
+bool IsSkipped(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n';
+}
+
+class NumberCursor {
+public:
+    explicit NumberCursor(std::string_view text) : text_(text) {}
+
+    // Next significant character, or -1 at the end.
+    int Peek()
+    {
+        while (at_ < text_.size() && IsSkipped(text_[at_]))
+            ++at_;
+        return at_ < text_.size() ? static_cast<unsigned char>(text_[at_]) : -1;
+    }
+    void Take() { ++at_; }
+
+private:
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+int DigitValue(int c, int base)
+{
+    int v = -1;
+    if (c >= '0' && c <= '9')
+        v = c - '0';
+    else if (c >= 'a' && c <= 'f')
+        v = c - 'a' + 10;
+    else if (c >= 'A' && c <= 'F')
+        v = c - 'A' + 10;
+    return v < base ? v : -1;
+}
+
+// "&H" / "&O" digits: the value decides the width, 16 bits up to FFFF, 32 bits up to FFFFFFFF.
+double RadixNumber(NumberCursor& cur, int base)
+{
+    unsigned long long value = 0;
+    bool tooLarge = false;
+    for (int d; (d = DigitValue(cur.Peek(), base)) >= 0; cur.Take()) {
+        if (!tooLarge) {
+            value = value * static_cast<unsigned>(base) + static_cast<unsigned>(d);
+            tooLarge = value > 0xFFFFFFFFULL;
+        }
+    }
+    if (tooLarge)
+        Fail(err::Overflow);
+    if (value <= 0xFFFF)
+        return static_cast<std::int16_t>(static_cast<std::uint16_t>(value));
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
+}
+
+// The correctly rounded double of a plain decimal text ("12.5e-3" form).
+double DecimalValue(const std::string& digits)
+{
+    double v = 0;
+    auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), v);
+    if (ec == std::errc::result_out_of_range) {
+        // Out of range one way or the other: the C reader tells which.
+        v = std::strtod(digits.c_str(), nullptr);
+        if (std::isinf(v))
+            Fail(err::Overflow);
+    }
+    return v;
+}
+
+constexpr std::array<unsigned char, 256> MakeUpperTable()
+{
+    std::array<unsigned char, 256> t{};
+    for (int i = 0; i < 256; ++i)
+        t[i] = static_cast<unsigned char>(i);
+    for (int c = 'a'; c <= 'z'; ++c)
+        t[c] = static_cast<unsigned char>(c - 0x20);
+    for (int c = 0xE0; c <= 0xFE; ++c)
+        if (c != 0xF7)
+            t[c] = static_cast<unsigned char>(c - 0x20);
+    t[0x9A] = 0x8A;
+    t[0x9C] = 0x8C;
+    t[0x9E] = 0x8E;
+    t[0xFF] = 0x9F;
+    return t;
+}
+
+// The 15 significant digits of |value| and the decimal exponent of the first one.
+struct Digits15 {
+    char digits[15];
+    int exponent;
+};
+
+Digits15 SignificantDigits(double magnitude)
+{
+    char buf[40];
+    auto res = std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific, 14);
+    // Form: d.dddddddddddddde[+-]XX
+    Digits15 out{};
+    out.digits[0] = buf[0];
+    for (int i = 1; i < 15; ++i)
+        out.digits[i] = buf[i + 1];
+    std::from_chars(buf + 17 + (buf[17] == '+' ? 1 : 0), res.ptr, out.exponent);
+    return out;
+}
+
+std::string_view Trimmed(std::string_view t, bool left, bool right)
+{
+    std::size_t b = 0, e = t.size();
+    while (left && b < e && t[b] == ' ')
+        ++b;
+    while (right && e > b && t[e - 1] == ' ')
+        --e;
+    return t.substr(b, e - b);
+}
+
+} // namespace
+
+namespace detail {
+constinit const std::array<unsigned char, 256> kUpperBytes = MakeUpperTable();
+}
+
+double TextToNumber(std::string_view text)
+{
+    NumberCursor cur(text);
+    if (cur.Peek() == '&') {
+        cur.Take();
+        const int kind = cur.Peek();
+        if (kind == 'H' || kind == 'h' || kind == 'O' || kind == 'o') {
+            cur.Take();
+            return RadixNumber(cur, kind == 'H' || kind == 'h' ? 16 : 8);
+        }
+        return 0;
+    }
+
+    std::string number;
+    if (cur.Peek() == '-' || cur.Peek() == '+') {
+        if (cur.Peek() == '-')
+            number += '-';
+        cur.Take();
+    }
+    bool point = false, anyDigit = false;
+    for (int c = cur.Peek(); (c >= '0' && c <= '9') || (c == '.' && !point); c = cur.Peek()) {
+        point = point || c == '.';
+        anyDigit = anyDigit || c != '.';
+        number += static_cast<char>(c);
+        cur.Take();
+    }
+    if (!anyDigit)
+        return 0;
+
+    const int mark = cur.Peek();
+    if (mark == 'E' || mark == 'e' || mark == 'D' || mark == 'd') {
+        cur.Take();
+        bool negative = false;
+        if (cur.Peek() == '-' || cur.Peek() == '+') {
+            negative = cur.Peek() == '-';
+            cur.Take();
+        }
+        long long exponent = 0;
+        bool expDigit = false;
+        for (int c = cur.Peek(); c >= '0' && c <= '9'; c = cur.Peek()) {
+            expDigit = true;
+            // Anything this large is far past the double range either way.
+            exponent = std::min(exponent * 10 + (c - '0'), 1000000000LL);
+            cur.Take();
+        }
+        if (expDigit) {
+            number += negative ? "e-" : "e";
+            number += std::to_string(exponent);
+        }
+    }
+    return DecimalValue(number);
+}
+
+double RoundHalfEven(double value, int decimals)
+{
+    Num scale = 1;
+    for (int i = 0; i < decimals; ++i)
+        scale *= 10;
+    const Num scaled = Num(value) * scale;
+    // The default rounding mode sends exact halves to the even neighbour.
+    return (Num(std::nearbyint(scaled.value())) / scale).value();
+}
+
+Int16 ToInt16(double value)
+{
+    const double r = std::nearbyint(value);
+    if (!(r >= -32768.0 && r <= 32767.0))
+        Fail(err::Overflow);
+    return Int16(static_cast<std::int16_t>(r));
+}
+
+Int32 ToInt32(double value)
+{
+    const double r = std::nearbyint(value);
+    if (!(r >= -2147483648.0 && r <= 2147483647.0))
+        Fail(err::Overflow);
+    return Int32(static_cast<std::int32_t>(r));
+}
+
+double FloorNumber(double value)
+{
+    return std::floor(value);
+}
+
+std::string NumberToText(double value)
+{
+    if (value == 0.0 || !std::isfinite(value))
+        return "0";
+    const Digits15 d = SignificantDigits(std::fabs(value));
+    int count = 15;
+    while (count > 1 && d.digits[count - 1] == '0')
+        --count;
+    const int e = d.exponent;
+
+    std::string out;
+    if (value < 0)
+        out += '-';
+    const bool exponentForm = e >= 15 || (e < 0 && (-e - 1) + count > 15);
+    if (exponentForm) {
+        out += d.digits[0];
+        if (count > 1) {
+            out += '.';
+            out.append(d.digits + 1, count - 1);
+        }
+        out += e < 0 ? "E-" : "E+";
+        const int a = e < 0 ? -e : e;
+        if (a < 10)
+            out += '0';
+        out += std::to_string(a);
+    } else if (e < 0) {
+        out += "0.";
+        out.append(static_cast<std::size_t>(-e - 1), '0');
+        out.append(d.digits, count);
+    } else {
+        const int whole = e + 1;
+        if (count <= whole) {
+            out.append(d.digits, count);
+            out.append(static_cast<std::size_t>(whole - count), '0');
+        } else {
+            out.append(d.digits, whole);
+            out += '.';
+            out.append(d.digits + whole, count - whole);
+        }
+    }
+    return out;
+}
+
+std::string IntegerToText(long long value)
+{
+    return std::to_string(value);
+}
+
+std::string SignedIntegerText(long long value)
+{
+    return value < 0 ? std::to_string(value) : " " + std::to_string(value);
+}
+
+std::string FormatPattern(double value, std::string_view pattern)
+{
+    const std::size_t pointAt = pattern.find('.');
+    const int minWhole =
+        static_cast<int>(pointAt == std::string_view::npos ? pattern.size() : pointAt);
+    const int decimals =
+        pointAt == std::string_view::npos ? 0 : static_cast<int>(pattern.size() - pointAt - 1);
+
+    // Rounding works on the decimal digits the text form shows, not on the binary value.
+    std::string scaled; // the value times 10^decimals, as whole digits
+    if (value != 0.0 && std::isfinite(value)) {
+        const Digits15 d = SignificantDigits(std::fabs(value));
+        const int keep = d.exponent + 1 + decimals;
+        if (keep >= 15) {
+            scaled.assign(d.digits, 15);
+            scaled.append(static_cast<std::size_t>(keep - 15), '0');
+        } else if (keep >= 0) {
+            scaled.assign(d.digits, static_cast<std::size_t>(keep));
+            if (d.digits[keep] >= '5') {
+                int i = keep - 1;
+                for (; i >= 0 && scaled[i] == '9'; --i)
+                    scaled[i] = '0';
+                if (i < 0)
+                    scaled.insert(scaled.begin(), '1');
+                else
+                    ++scaled[i];
+            }
+        }
+    }
+    const std::size_t firstNonZero = scaled.find_first_not_of('0');
+    const bool zero = firstNonZero == std::string::npos;
+    scaled.erase(0, zero ? scaled.size() : firstNonZero);
+
+    const std::size_t width = static_cast<std::size_t>(minWhole + decimals);
+    if (scaled.size() < width)
+        scaled.insert(0, width - scaled.size(), '0');
+    if (scaled.empty())
+        scaled = "0";
+    if (decimals > 0) {
+        if (scaled.size() <= static_cast<std::size_t>(decimals))
+            scaled.insert(0, static_cast<std::size_t>(decimals) + 1 - scaled.size(), '0');
+        scaled.insert(scaled.size() - static_cast<std::size_t>(decimals), 1, '.');
+    }
+    if (value < 0 && !zero)
+        scaled.insert(scaled.begin(), '-');
+    return scaled;
+}
+
+std::string UpperCase(std::string_view text)
+{
+    std::string out(text);
+    for (char& c : out)
+        c = static_cast<char>(detail::kUpperBytes[static_cast<unsigned char>(c)]);
+    return out;
+}
+
+std::string TrimBlanks(std::string_view text)
+{
+    return std::string(Trimmed(text, true, true));
+}
+
+std::string TrimLeftBlanks(std::string_view text)
+{
+    return std::string(Trimmed(text, true, false));
+}
+
+std::string TrimRightBlanks(std::string_view text)
+{
+    return std::string(Trimmed(text, false, true));
+}
+
+std::string LeftPart(std::string_view text, long long count)
+{
+    if (count < 0)
+        Fail(err::InvalidCall);
+    return std::string(text.substr(0, static_cast<std::size_t>(count)));
+}
+
+std::string RightPart(std::string_view text, long long count)
+{
+    if (count < 0)
+        Fail(err::InvalidCall);
+    const std::size_t n = std::min(text.size(), static_cast<std::size_t>(count));
+    return std::string(text.substr(text.size() - n));
+}
+
+std::string MiddlePart(std::string_view text, long long start, long long count)
+{
+    if (start < 1 || count < 0)
+        Fail(err::InvalidCall);
+    if (static_cast<unsigned long long>(start) > text.size())
+        return "";
+    return std::string(
+        text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(count)));
+}
+
+bool EqualsIgnoringCase(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (detail::kUpperBytes[static_cast<unsigned char>(a[i])] !=
+            detail::kUpperBytes[static_cast<unsigned char>(b[i])])
+            return false;
+    return true;
+}
+
+} // namespace tos
