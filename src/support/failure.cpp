@@ -1,6 +1,7 @@
 #include "support/failure.h"
 
 #include <cerrno>
+#include <sys/stat.h>
 
 #include "support/conversions.h"
 
@@ -54,6 +55,18 @@ int FileFailureNumber(int errnoValue, FileAccess access)
     case ENOMEM: return err::OutOfMemory;
     default: return err::PathFileAccess; // read-only, a folder, no permission, any other
     }
+}
+
+int FileFailureNumber(int errnoValue, FileAccess access, const std::string& path)
+{
+    if (access == FileAccess::Read && errnoValue == ENOENT) {
+        const std::size_t last = path.find_last_of('/');
+        const std::string folder = last == std::string::npos ? "." : path.substr(0, last + 1);
+        struct stat st {};
+        if (::stat(folder.c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
+            return err::PathNotFound;
+    }
+    return FileFailureNumber(errnoValue, access);
 }
 
 std::string TrapMessageColon(const std::string& routine, const Failure& f)

@@ -63,6 +63,8 @@ enum class FileAccess { Read, Write };
 
 // Maps an errno value of a failed open/read/write to the failure number a user sees.
 int FileFailureNumber(int errnoValue, FileAccess access);
+// The same for a named file: reading a missing file is 53, but 76 when its folder is missing.
+int FileFailureNumber(int errnoValue, FileAccess access, const std::string& path);
 
 // The two trap message forms used throughout the program.
 // "Unexpected error in NAME: DESCRIPTION ( N)"
