@@ -68,7 +68,17 @@ void AddLoadOptions(CLI::App& sub, LoadOptions& options)
 {
     sub.add_option("PROJECT", options.project,
                    "The project's .prj file; its .scn must lie beside it")
-        ->required();
+        ->required()
+        ->check(
+            [](const std::string& project) -> std::string {
+                // The file dialog only ever answers an existing file.
+                std::error_code ec;
+                if (project.empty() ||
+                    std::filesystem::is_regular_file(AbsoluteProjectPath(project), ec))
+                    return "";
+                return "project file not found: " + project;
+            },
+            "PROJECT");
     sub.add_flag("--perimeter", options.perimeter,
                  "Load the models of the perimeter tiles instead of the main tile");
     auto* scale = sub.add_option("--object-scale", options.objectScale,

@@ -1,9 +1,6 @@
 #include "project/scene_models.h"
 
-#include <cstdint>
 #include <limits>
-#include <optional>
-#include <vector>
 
 #include "project/catalogue.h"
 #include "shell/app.h"
@@ -16,15 +13,6 @@ namespace tos {
 namespace {
 
 constexpr const char* kModelPrefix = "Model";
-
-template <class Profiles>
-std::optional<std::vector<std::int32_t>> SectionNumbers(Profiles& profiles, const std::string& file)
-{
-    if constexpr (requires { profiles.NumberedSections(file, kModelPrefix); })
-        return profiles.NumberedSections(file, kModelPrefix);
-    else
-        return std::nullopt;
-}
 
 // Candidates for the object list: .SLT models and the user's misc stock objects.
 bool IsCandidate(App& app, const std::string& modelValue)
@@ -130,7 +118,7 @@ TileWindow ReadTileWindowAndLinkScale(App& app)
 
 void ForEachModelNumber(App& app, Int32 count, const std::function<void(Int32)>& visit)
 {
-    const auto numbers = SectionNumbers(app.profiles, app.state.ScnFile);
+    const auto numbers = app.profiles.NumberedSections(app.state.ScnFile, kModelPrefix);
     if (!numbers) {
         for (Int32 n = 1; n <= count; ++n)
             visit(n);

@@ -1,0 +1,144 @@
+#include "scene_generator.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <random>
+#include <stdexcept>
+
+namespace tos::bench {
+
+namespace {
+
+// A few names from each stock group, so every group's list fills.
+constexpr std::array kStockValues = {
+    "Billboard_FOX.SLB", "Billboard_Oakley.SLB", "Billboard_RK.SLB", "FoxHB.SLB", "Fox03.SLB",
+    "RainbowHB.SLB",     "TripleBale01.SLB",     "TripleBale07.SLB", "50Gal.SLB", "Trash_Can01.SLB",
+};
+
+struct Vec {
+    double x, y, z;
+};
+
+Vec Normalised(Vec v)
+{
+    const double len = std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z);
+    return {v.x / len, v.y / len, v.z / len};
+}
+
+Vec Cross(Vec a, Vec b)
+{
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+std::string Triple(double x, double y, double z, const char* format)
+{
+    char buf[96];
+    std::snprintf(buf, sizeof buf, format, x, y, z);
+    return buf;
+}
+
+std::string Fixed1(double v)
+{
+    char buf[48];
+    std::snprintf(buf, sizeof buf, "%.1f", v);
+    return buf;
+}
+
+class Generator {
+public:
+    explicit Generator(const SceneSpec& spec) : spec_(spec), rng_(spec.seed) {}
+
+    std::string Scene()
+    {
+        std::string text;
+        text.reserve(static_cast<std::size_t>(spec_.models) * 130 + 256);
+        text += "[Environment]\r\nTerrainWidth=" + std::to_string(spec_.terrainWidth) +
+                "\r\nTerrainWidthScale=" + Fixed1(spec_.gridRes) +
+                "\r\n\r\n[StaticModels]\r\nNumberOfStaticModels=" + std::to_string(spec_.models) +
+                "\r\n\r\n";
+        for (std::int32_t n = 1; n <= spec_.models; ++n)
+            AppendModel(text, n);
+        return text;
+    }
+
+private:
+    double Uniform(double lo, double hi)
+    {
+        return std::uniform_real_distribution<double>(lo, hi)(rng_);
+    }
+
+    std::string ModelValue()
+    {
+        if (Uniform(0, 1) < spec_.stockShare)
+            return kStockValues[std::uniform_int_distribution<std::size_t>(0, kStockValues.size() -
+                                                                                  1)(rng_)];
+        const int stem = std::uniform_int_distribution<int>(0, spec_.stems - 1)(rng_);
+        char buf[48];
+        // Every third stem comes in variants, as trees and barns do.
+        if (stem % 3 == 0)
+            std::snprintf(buf, sizeof buf, "Stem%03d_KV_Kind%d.SLT", stem,
+                          std::uniform_int_distribution<int>(1, 4)(rng_));
+        else
+            std::snprintf(buf, sizeof buf, "Stem%03d.SLT", stem);
+        return buf;
+    }
+
+    // x and z inside the main tile, or on one of the tiles around it.
+    std::pair<double, double> Ground()
+    {
+        const double tile = spec_.gridRes * (spec_.terrainWidth == 6 ? 512 : 256);
+        const double start = spec_.terrainWidth == 6 ? tile : tile * (spec_.terrainWidth - 1) / 2.0;
+        const double end = start + tile;
+        const double side = tile * spec_.terrainWidth;
+        if (Uniform(0, 1) < spec_.mainTileShare)
+            return {Uniform(start, end), Uniform(start, end)};
+        for (;;) {
+            const double x = Uniform(0, side), z = Uniform(0, side);
+            if (x < start || x > end || z < start || z > end)
+                return {x, z};
+        }
+    }
+
+    void AppendModel(std::string& text, std::int32_t n)
+    {
+        const auto [x, z] = Ground();
+        const Vec look = Normalised({Uniform(-1, 1), Uniform(-0.3, 0.3), Uniform(-1, 1)});
+        const Vec side =
+            Normalised(Cross(look, Normalised({Uniform(-0.2, 0.2), 1, Uniform(-0.2, 0.2)})));
+        const Vec up = Cross(side, look);
+        text += "[Model" + std::to_string(n) + "]\r\nSLT=" + ModelValue() +
+                "\r\nPosition=" + Triple(x, Uniform(0, 40), z, "%.2f,%.2f,%.2f") +
+                "\r\nLookVector=" + Triple(look.x, look.y, look.z, "%.6f,%.6f,%.6f") +
+                "\r\nUpVector=" + Triple(up.x, up.y, up.z, "%.6f,%.6f,%.6f") + "\r\n\r\n";
+    }
+
+    SceneSpec spec_;
+    std::mt19937 rng_;
+};
+
+void WriteFile(const std::string& path, const std::string& bytes)
+{
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!out)
+        throw std::runtime_error("cannot write " + path);
+}
+
+} // namespace
+
+std::string GenerateScene(const SceneSpec& spec)
+{
+    return Generator(spec).Scene();
+}
+
+std::string WriteProject(const std::string& folder, const std::string& base, const SceneSpec& spec)
+{
+    const std::string prj = folder + "/" + base + ".prj";
+    WriteFile(prj, "");
+    WriteFile(folder + "/" + base + ".scn", GenerateScene(spec));
+    return prj;
+}
+
+} // namespace tos::bench

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tos::bench {
+
+// What a generated scene holds. Defaults give the large scene the benchmarks
+// load: 30,000 models of 100 object stems and all four stock groups, half of
+// them on the main tile of a 5 x 5 terrain at grid resolution 3.0.
+struct SceneSpec {
+    std::int32_t models = 30000;
+    int stems = 100;
+    // Share of the models that are stock objects, spread over the four groups.
+    double stockShare = 0.1;
+    // Share of the models placed inside the main tile; the rest lie on the perimeter tiles.
+    double mainTileShare = 0.5;
+    int terrainWidth = 5;
+    double gridRes = 3.0;
+    std::uint32_t seed = 1;
+};
+
+// The scene text, CR LF line ends, in the order the scene editor writes it:
+// Environment, StaticModels, then Model1..Model<models>. Every model has a
+// general orientation (look and up vectors off the axes, at right angles).
+std::string GenerateScene(const SceneSpec& spec);
+
+// Writes <folder>/<base>.prj and <folder>/<base>.scn; returns the .prj path.
+std::string WriteProject(const std::string& folder, const std::string& base, const SceneSpec& spec);
+
+} // namespace tos::bench
