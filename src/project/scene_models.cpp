@@ -118,6 +118,8 @@ TileWindow ReadTileWindowAndLinkScale(App& app)
 
 void ForEachModelNumber(App& app, Int32 count, const std::function<void(Int32)>& visit)
 {
+    if (count < Int32(1))
+        return;
     const auto numbers = app.profiles.NumberedSections(app.state.ScnFile, kModelPrefix);
     if (!numbers) {
         for (Int32 n = 1; n <= count; ++n)
