@@ -1,17 +1,32 @@
 #include "gui/application.h"
 
 #include <QApplication>
-#include <QWidget>
+
+#include "gui/compiler_window.h"
+#include "gui/main_window.h"
+#include "gui/qt_platform.h"
+#include "shell/app.h"
+#include "shell/startup.h"
 
 namespace tos::gui {
 
 int RunApplication(int argc, char** argv)
 {
-    QApplication app(argc, argv);
-    QWidget window;
-    window.setWindowTitle("Tolvarine Object Scripter");
-    window.show();
-    return app.exec();
+    QApplication qt(argc, argv);
+    // The window's close box goes through Exit, which ends the loop itself.
+    qt.setQuitOnLastWindowClosed(false);
+
+    QtPlatform platform;
+    App app(platform);
+    app.endProcess = [] { QCoreApplication::exit(0); };
+
+    MainWindow main(app);
+    CompilerWindow compiler(app, &main);
+    platform.SetFormWidget(FormId::Main, &main);
+    platform.SetFormWidget(FormId::Compiler, &compiler);
+
+    Main(app);
+    return qt.exec();
 }
 
 } // namespace tos::gui

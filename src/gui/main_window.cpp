@@ -1,0 +1,153 @@
+#include "gui/main_window.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPointer>
+#include <QPushButton>
+
+#include "gui/control_views.h"
+#include "gui/cp1252.h"
+#include "gui/qt_platform.h"
+#include "shell/app.h"
+
+namespace tos::gui {
+
+namespace {
+
+// Widths of the two columns and the usual heights of a row of controls.
+constexpr int kMargin = 8;
+constexpr int kLeftWidth = 404;
+constexpr int kRightLeft = kMargin + kLeftWidth + 8;
+constexpr int kRightWidth = MainWindow::kWidthPixels - kRightLeft - kMargin;
+constexpr int kRow = 22;
+
+} // namespace
+
+MainWindow::MainWindow(App& app, QWidget* parent)
+    : QWidget(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint |
+                          Qt::MSWindowsFixedSizeDialogHint),
+      app_(app)
+{
+    setObjectName("frmTolvarineObjectScripter");
+    setWindowTitle(FromCp1252(app.main.caption));
+    setFixedSize(kWidthPixels, kHeightPixels);
+
+    BuildProjectFrame();
+    BuildMaxFrame();
+    BuildRightColumn();
+    BuildOutputFrames();
+
+    QPointer<MainWindow> self(this);
+    app.main.formView.Subscribe([self] {
+        if (self)
+            self->SyncForm();
+    });
+    SyncForm();
+}
+
+void MainWindow::BuildProjectFrame()
+{
+    MainForm& f = app_.main;
+    QGroupBox* frame = MakeFrame(f.frameSourceTolvarineProject, this);
+    frame->setGeometry(kMargin, 4, kLeftWidth, 200);
+    const int labelWidth = 150;
+    const int boxLeft = 12 + labelWidth;
+
+    MakeButton(f.btnBrowseProjectFile, frame)->setGeometry(10, 20, 66, 24);
+    MakeTextBox(f.txtProjectFilePath, frame)->setGeometry(82, 21, kLeftWidth - 92, kRow);
+    MakeCheckBox(f.chkMainTile, frame)->setGeometry(10, 50, 190, kRow);
+    MakeCheckBox(f.chkPerimeterTile, frame)->setGeometry(200, 50, 200, kRow);
+
+    MakeLabel(f.lblNumberOfTiles, frame)->setGeometry(10, 76, labelWidth, kRow);
+    MakeTextBox(f.txtNumberOfTiles, frame)->setGeometry(boxLeft, 76, 44, kRow);
+    MakeLabel(f.lblGridRes, frame)->setGeometry(boxLeft + 60, 76, 64, kRow);
+    MakeTextBox(f.txtGridRes, frame)->setGeometry(boxLeft + 124, 76, 54, kRow);
+    MakeLabel(f.lblNumOfSLTFiles, frame)->setGeometry(10, 100, labelWidth, kRow);
+    MakeLabel(f.lblSLTcount, frame)->setGeometry(boxLeft, 100, 80, kRow);
+
+    MakeLabel(f.lblSelectObject, frame)->setGeometry(10, 124, 100, kRow);
+    MakeComboBox(f.comboSelectObject, frame)->setGeometry(110, 124, kLeftWidth - 120, 24);
+
+    MakeLabel(f.lblVerticalScale, frame)->setGeometry(10, 150, labelWidth, kRow);
+    MakeTextBox(f.txtVerticalScale, frame)->setGeometry(boxLeft, 150, 64, kRow);
+    MakeLabel(f.lblVerticalOffest, frame)->setGeometry(10, 174, labelWidth, kRow);
+    MakeTextBox(f.txtVerticalOffset, frame)->setGeometry(boxLeft, 174, 64, kRow);
+}
+
+void MainWindow::BuildMaxFrame()
+{
+    MainForm& f = app_.main;
+    QGroupBox* frame = MakeFrame(f.Frame2, this);
+    frame->setGeometry(kMargin, 208, kLeftWidth, 102);
+
+    MakeButton(f.btnBrowseMaxFile, frame)->setGeometry(10, 20, 66, 24);
+    MakeTextBox(f.txtMaxFile, frame)->setGeometry(82, 21, kLeftWidth - 92, kRow);
+    MakeLabel(f.lblMaxObjectName, frame)->setGeometry(10, 48, 90, kRow);
+    MakeTextBox(f.txtMaxObjectName, frame)->setGeometry(100, 48, kLeftWidth - 110, kRow);
+    MakeCheckBox(f.chkUseTolvarineName, frame)->setGeometry(10, 74, 170, kRow);
+    MakeCheckBox(f.chkUseMaxName, frame)->setGeometry(190, 74, 200, kRow);
+}
+
+void MainWindow::BuildRightColumn()
+{
+    MainForm& f = app_.main;
+    int y = 10;
+    auto place = [&y](QWidget* w, int height, int gap) {
+        w->setGeometry(kRightLeft, y, kRightWidth, height);
+        y += height + gap;
+    };
+    place(MakeButton(f.btnProcess, this), 30, 4);
+    place(MakeCheckBox(f.chkSave, this), kRow, 8);
+    place(MakeButton(f.btnRunScriptCompiler, this), 28, 6);
+    place(MakeButton(f.btnViewHelp, this), 28, 6);
+    place(MakeButton(f.btnExit, this), 28, 18);
+    place(MakeCheckBox(f.chkUseObjectScale, this), kRow, 2);
+    place(MakeTextBox(f.txtObjectScale, this), kRow, 10);
+    place(MakeLabel(f.lblCalcGridSize, this), kRow, 2);
+    place(MakeTextBox(f.txtGridSize, this), kRow, 0);
+}
+
+void MainWindow::BuildOutputFrames()
+{
+    MainForm& f = app_.main;
+    const int width = kWidthPixels - 2 * kMargin;
+    QGroupBox* output = MakeFrame(f.frameMaxScriptOutput, this);
+    output->setGeometry(kMargin, 312, width, 78);
+    MakeListBox(f.List2, output)->setGeometry(8, 18, width - 16, 54);
+
+    // The record lists are the program's working data, never shown.
+    QGroupBox* credits = MakeFrame(f.Frame1, this);
+    credits->setGeometry(kMargin, 392, width, 36);
+    MakeLabel(f.lblVersion, credits)->setGeometry(10, 8, 70, 22);
+    QLabel* text = MakeLabel(f.lblCredits, credits);
+    text->setGeometry(90, 3, width - 100, 31);
+    text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void MainWindow::SyncForm()
+{
+    const MainForm& f = app_.main;
+    const double tpp = QtPlatform::TwipsPerPixel();
+    move(static_cast<int>(f.left / tpp), static_cast<int>(f.top / tpp));
+    if (f.mousePointer == kPointerHourglass)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+    if (f.visible != isVisible())
+        setVisible(f.visible);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    // The model decides: Exit hides the window and ends the event loop.
+    event->ignore();
+    app_.main.btnExit.Click.Fire();
+}
+
+} // namespace tos::gui
