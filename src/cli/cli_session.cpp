@@ -78,7 +78,7 @@ void AddLoadOptions(CLI::App& sub, LoadOptions& options)
                     return "";
                 return "project file not found: " + project;
             },
-            "PROJECT");
+            "");
     sub.add_flag("--perimeter", options.perimeter,
                  "Load the models of the perimeter tiles instead of the main tile");
     auto* scale = sub.add_option("--object-scale", options.objectScale,
