@@ -36,16 +36,6 @@ std::string_view Middle(std::string_view text, long long start, long long count)
 
 constexpr long long kToEnd = std::numeric_limits<long long>::max();
 
-// GetElement's walk for the path routines: a failure shows GetElement's own message.
-std::string_view ElementOrMessage(Platform& platform, std::string_view text, std::string_view delim,
-                                  int index)
-{
-    const ElementView e = ElementAt(text, delim, index);
-    if (e.failure != 0)
-        platform.ShowMessage({"GetElement: " + SignedIntegerText(e.failure) + " - 0"});
-    return e.value;
-}
-
 bool IsSeparator(char c)
 {
     return c == '\\' || (kPathSeparator == '/' && c == '/');
@@ -97,6 +87,24 @@ ElementView NextElementAt(std::string_view text, std::string_view delim, std::in
     }
     position = static_cast<std::int32_t>(f == 0 || f > length ? length : f);
     return {result, 0};
+}
+
+std::string_view ElementOrMessage(Platform& platform, std::string_view text, std::string_view delim,
+                                  int index)
+{
+    const ElementView e = ElementAt(text, delim, index);
+    if (e.failure != 0)
+        platform.ShowMessage({"GetElement: " + SignedIntegerText(e.failure) + " - 0"});
+    return e.value;
+}
+
+std::string_view NextElementOrMessage(Platform& platform, std::string_view text,
+                                      std::string_view delim, std::int32_t& position)
+{
+    const ElementView e = NextElementAt(text, delim, position);
+    if (e.failure != 0)
+        platform.ShowMessage({"GetNextElement: " + SignedIntegerText(e.failure) + " 0"});
+    return e.value;
 }
 
 std::string GetElement(Platform& platform, std::string_view text, std::string_view delim,

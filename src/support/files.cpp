@@ -44,6 +44,28 @@ bool WriteAll(int fd, std::string_view bytes)
     return true;
 }
 
+// A folder or a missing path is no file to measure: 53.
+struct stat StatOfFile(const std::string& path)
+{
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0) {
+        const int e = errno;
+        Fail(e == ENOENT || e == ENOTDIR ? err::FileNotFound
+                                         : FileFailureNumber(e, FileAccess::Read));
+    }
+    if (S_ISDIR(st.st_mode))
+        Fail(err::FileNotFound);
+    return st;
+}
+
+// Modification time to the nanosecond and the size: any change of either shows.
+std::string StampText(const struct stat& st)
+{
+    return std::to_string(static_cast<long long>(st.st_mtim.tv_sec)) + "." +
+           std::to_string(static_cast<long long>(st.st_mtim.tv_nsec)) + " " +
+           std::to_string(static_cast<long long>(st.st_size));
+}
+
 } // namespace
 
 bool FileExists(const std::string& path)
@@ -54,15 +76,7 @@ bool FileExists(const std::string& path)
 
 std::int64_t FileLength(const std::string& path)
 {
-    struct stat st {};
-    if (::stat(path.c_str(), &st) != 0) {
-        const int e = errno;
-        Fail(e == ENOENT || e == ENOTDIR ? err::FileNotFound
-                                         : FileFailureNumber(e, FileAccess::Read));
-    }
-    if (S_ISDIR(st.st_mode))
-        Fail(err::FileNotFound);
-    return static_cast<std::int64_t>(st.st_size);
+    return static_cast<std::int64_t>(StatOfFile(path).st_size);
 }
 
 std::optional<std::string> FileStamp(const std::string& path)
@@ -73,11 +87,10 @@ std::optional<std::string> FileStamp(const std::string& path)
     return StampText(st);
 }
 
-std::string StampText(const struct stat& st)
+FileFacts GetFileFacts(const std::string& path)
 {
-    return std::to_string(static_cast<long long>(st.st_mtim.tv_sec)) + "." +
-           std::to_string(static_cast<long long>(st.st_mtim.tv_nsec)) + " " +
-           std::to_string(static_cast<long long>(st.st_size));
+    const struct stat st = StatOfFile(path);
+    return {static_cast<std::int64_t>(st.st_size), StampText(st)};
 }
 
 std::string ReadWholeFile(const std::string& path)

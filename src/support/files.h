@@ -5,8 +5,6 @@
 #include <string>
 #include <vector>
 
-struct stat;
-
 namespace tos {
 
 // Plain file access. Every failure is a Failure with the number a user would
@@ -20,8 +18,14 @@ std::int64_t FileLength(const std::string& path);
 // Time of last change at the finest resolution the file system gives, with the
 // size, as text that changes whenever either changes; nullopt when it cannot be read.
 std::optional<std::string> FileStamp(const std::string& path);
-// The same text from facts already taken of the file.
-std::string StampText(const struct stat& st);
+
+struct FileFacts {
+    std::int64_t length = 0;
+    std::string stamp; // as FileStamp gives it
+};
+
+// Length and stamp from one look at the file; fails as FileLength does.
+FileFacts GetFileFacts(const std::string& path);
 
 // The whole file as bytes.
 std::string ReadWholeFile(const std::string& path);

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "support/case_blind.h"
+#include "support/files.h"
+#include "support/parsed_profile.h"
+#include "support/profile.h"
+
+namespace tos {
+
+struct ProfileFiles::Impl {
+    explicit Impl(Platform& p) : platform(p) {}
+
+    Platform& platform;
+
+    // Length and stamp of the file last asked about. Taking them costs more than the
+    // rest of a read, so a look less than 100 ms old is used again for the same path.
+    struct Look {
+        std::string path;
+        std::chrono::steady_clock::time_point taken;
+        FileFacts facts;
+        bool valid = false;
+    };
+    Look look;
+    // Fails as FileLength does.
+    const FileFacts& Facts(const std::string& file);
+    // A fresh look, also kept for the next reads.
+    const FileFacts& FreshFacts(const std::string& file);
+
+    // Small files: parsed copies, each valid while the stamp it was read at holds.
+    struct Parsed {
+        std::string path;
+        std::string stamp;
+        std::unique_ptr<ParsedProfile> profile;
+    };
+    std::vector<Parsed> parsed; // most recently used first
+    // nullptr when the file cannot be read.
+    const ParsedProfile* ParsedCopy(const std::string& file, const FileFacts& facts);
+
+    // Large files: the one file held in memory with an index of its section headers.
+    std::string SectionCacheFile;
+    std::string SectionCacheStamp;
+    std::string SectionCacheText;
+    // Key: the header line's name between its brackets, for headers that end in "]";
+    // other headers can never match a lookup. Value: the position behind the header line.
+    std::unordered_map<std::string, std::int32_t, CaseBlindHash, CaseBlindEqual> SectionCache;
+    std::int32_t SectionCachePos = 0;
+    bool sectionCacheRead = false; // whether the last load could read the file
+};
+
+} // namespace tos
