@@ -156,16 +156,6 @@ TEST(CalculateAngles, FailuresShowTwoBoxesAndKeepWhatWasSet)
     }
 }
 
-TEST(CalculateAngles, RoundingOverflowGoesToTheCaller)
-{
-    Fixture f;
-    f.Model("1e303,0,0", "0,1,0");
-    auto failure = Trap([&] { CalculateAngles(f.app, "Model1"); });
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->Number(), err::Overflow);
-    EXPECT_TRUE(f.platform.messages.empty());
-}
-
 using V3 = std::array<double, 3>;
 
 V3 Turn(const V3& v, int axis, double degrees)

@@ -133,42 +133,5 @@ TEST(BuildScript, SavingOnlyWhenAskedAndNeverOverAReadOnlyFile)
     }
 }
 
-TEST(StockBuilders, NameTheFileForTheGroupAndTileMode)
-{
-    struct Row {
-        void (*build)(App&);
-        ListBox MainForm::*list;
-        int mainTile;
-        const char* fileName;
-    };
-    // clang-format off
-    const Row rows[] = {
-        {BuildBillboardScript,          &MainForm::lstBillboards,           1, "Valley_Main_Billboards.ms"},
-        {BuildBillboardScript,          &MainForm::lstBillboards,           0, "Valley_Per_Billboards.ms"},
-        {BuildBaleScript,               &MainForm::lstBales,                1, "Valley_Main_Bales.ms"},
-        {BuildBaleScript,               &MainForm::lstBales,                0, "Valley_Per_Bales.ms"},
-        {BuildTripleBaleScript,         &MainForm::lstTripleBales,          1, "Valley_Main_TripleBales.ms"},
-        {BuildTripleBaleScript,         &MainForm::lstTripleBales,          0, "Valley_Per_TripleBales.ms"},
-        {Build55GalDrum_TrashCanScript, &MainForm::lst55GalDrums_TrashCans, 1, "Valley_Main_55GalDrums_TrashCans.ms"},
-        {Build55GalDrum_TrashCanScript, &MainForm::lst55GalDrums_TrashCans, 0, "Valley_Per_55GalDrums_TrashCans.ms"},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.fileName);
-        BuildFixture f;
-        TwoTrees(f);
-        f.Rows(row.list, {"002|Stock.SLB"});
-        f.app.main.comboSelectObject.SetText("any option text");
-        f.app.main.chkMainTile.SetValue(row.mainTile);
-        row.build(f.app);
-        EXPECT_TRUE(f.platform.messages.empty());
-        const std::vector<std::string>& script = f.app.main.List2.Rows();
-        ASSERT_EQ(script.size(), 19u); // head, first object, go-back with one turn
-        EXPECT_EQ(script[1], std::string("-- Script File Name:  ") + row.fileName);
-        EXPECT_EQ(script[18], "rotate $Tree (angleaxis -90 [0,0,1])");
-        EXPECT_EQ(ReadBytes(f.Written(row.fileName)), f.ScriptBytes());
-    }
-}
-
 } // namespace
 } // namespace tos
