@@ -203,7 +203,7 @@ TEST(ProjectLoad, HugeCountsVisitOnlyTheSectionsThere)
         EXPECT_EQ(fx.Rows(f.lstBales), Rows{"003|FoxHB.SLB"});
 
         // A counter that must step past the largest 32-bit number overflows after the last model.
-        fx.Load(SceneText(models, "2147483647") + extra);
+        fx.Load("Max", (SceneText(models, "2147483647") + extra).c_str());
         Rows expected;
         for (const char* routine :
              {"GetSLTcount", "ProcessSCNmodels", "ProcessBillboards", "ProcessBales",
