@@ -179,8 +179,9 @@ TEST(HelpTest, OpensThePageBesideTheProgramOrSaysWhyNot)
         Main(app);
         app.main.btnViewHelp.Click.Fire();
         ASSERT_EQ(platform.openedDocuments.size(), row.opened);
-        if (row.opened)
+        if (row.opened) {
             EXPECT_EQ(platform.openedDocuments[0], row.folder->File("TOS_Help.html"));
+        }
         EXPECT_EQ(platform.Texts(), row.message
                                         ? std::vector<std::string>{"Error launching help file."}
                                         : std::vector<std::string>{});
