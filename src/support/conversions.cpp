@@ -265,7 +265,9 @@ std::string IntegerToText(long long value)
 
 std::string SignedIntegerText(long long value)
 {
-    return value < 0 ? std::to_string(value) : " " + std::to_string(value);
+    std::string out(value < 0 ? 0 : 1, ' ');
+    out += std::to_string(value);
+    return out;
 }
 
 std::string FormatPattern(double value, std::string_view pattern)
@@ -290,30 +292,37 @@ std::string FormatPattern(double value, std::string_view pattern)
                 int i = keep - 1;
                 for (; i >= 0 && scaled[i] == '9'; --i)
                     scaled[i] = '0';
-                if (i < 0)
-                    scaled.insert(scaled.begin(), '1');
-                else
+                if (i < 0) {
+                    std::string carried(1, '1');
+                    carried += scaled;
+                    scaled.swap(carried);
+                } else {
                     ++scaled[i];
+                }
             }
         }
     }
-    const std::size_t firstNonZero = scaled.find_first_not_of('0');
-    const bool zero = firstNonZero == std::string::npos;
-    scaled.erase(0, zero ? scaled.size() : firstNonZero);
+    std::string_view digits = scaled;
+    const std::size_t firstNonZero = digits.find_first_not_of('0');
+    const bool zero = firstNonZero == std::string_view::npos;
+    digits.remove_prefix(zero ? digits.size() : firstNonZero);
 
-    const std::size_t width = static_cast<std::size_t>(minWhole + decimals);
-    if (scaled.size() < width)
-        scaled.insert(0, width - scaled.size(), '0');
-    if (scaled.empty())
-        scaled = "0";
-    if (decimals > 0) {
-        if (scaled.size() <= static_cast<std::size_t>(decimals))
-            scaled.insert(0, static_cast<std::size_t>(decimals) + 1 - scaled.size(), '0');
-        scaled.insert(scaled.size() - static_cast<std::size_t>(decimals), 1, '.');
-    }
+    // Leading zeros up to the whole digits the pattern asks for, and at least one.
+    const auto places = static_cast<std::size_t>(decimals);
+    const std::size_t total =
+        std::max({digits.size(), static_cast<std::size_t>(minWhole) + places, places + 1});
+    std::string all(total - digits.size(), '0');
+    all += digits;
+
+    std::string out;
     if (value < 0 && !zero)
-        scaled.insert(scaled.begin(), '-');
-    return scaled;
+        out += '-';
+    out.append(all, 0, total - places);
+    if (places > 0) {
+        out += '.';
+        out.append(all, total - places, std::string::npos);
+    }
+    return out;
 }
 
 std::string UpperCase(std::string_view text)
