@@ -37,6 +37,11 @@ MainWindow::MainWindow(App& app, QWidget* parent)
     setObjectName("frmTolvarineObjectScripter");
     setWindowTitle(FromCp1252(app.main.caption));
     setFixedSize(kWidthPixels, kHeightPixels);
+    // The form was laid out for a small dialog font; controls with a font of
+    // their own keep it.
+    QFont small = font();
+    small.setPointSize(8);
+    setFont(small);
 
     BuildProjectFrame();
     BuildMaxFrame();
@@ -55,43 +60,43 @@ void MainWindow::BuildProjectFrame()
 {
     MainForm& f = app_.main;
     QGroupBox* frame = MakeFrame(f.frameSourceTolvarineProject, this);
-    frame->setGeometry(kMargin, 4, kLeftWidth, 200);
-    const int labelWidth = 150;
+    frame->setGeometry(kMargin, 4, kLeftWidth, 186);
+    const int labelWidth = 160;
     const int boxLeft = 12 + labelWidth;
 
-    MakeButton(f.btnBrowseProjectFile, frame)->setGeometry(10, 20, 66, 24);
-    MakeTextBox(f.txtProjectFilePath, frame)->setGeometry(82, 21, kLeftWidth - 92, kRow);
-    MakeCheckBox(f.chkMainTile, frame)->setGeometry(10, 50, 190, kRow);
-    MakeCheckBox(f.chkPerimeterTile, frame)->setGeometry(200, 50, 200, kRow);
+    MakeButton(f.btnBrowseProjectFile, frame)->setGeometry(10, 18, 66, 24);
+    MakeTextBox(f.txtProjectFilePath, frame)->setGeometry(82, 19, kLeftWidth - 92, kRow);
+    MakeCheckBox(f.chkMainTile, frame)->setGeometry(10, 46, 180, kRow);
+    MakeCheckBox(f.chkPerimeterTile, frame)->setGeometry(192, 46, 206, kRow);
 
-    MakeLabel(f.lblNumberOfTiles, frame)->setGeometry(10, 76, labelWidth, kRow);
-    MakeTextBox(f.txtNumberOfTiles, frame)->setGeometry(boxLeft, 76, 44, kRow);
-    MakeLabel(f.lblGridRes, frame)->setGeometry(boxLeft + 60, 76, 64, kRow);
-    MakeTextBox(f.txtGridRes, frame)->setGeometry(boxLeft + 124, 76, 54, kRow);
-    MakeLabel(f.lblNumOfSLTFiles, frame)->setGeometry(10, 100, labelWidth, kRow);
-    MakeLabel(f.lblSLTcount, frame)->setGeometry(boxLeft, 100, 80, kRow);
+    MakeLabel(f.lblNumberOfTiles, frame)->setGeometry(10, 68, labelWidth, kRow);
+    MakeTextBox(f.txtNumberOfTiles, frame)->setGeometry(boxLeft, 68, 44, kRow);
+    MakeLabel(f.lblGridRes, frame)->setGeometry(boxLeft + 60, 68, 64, kRow);
+    MakeTextBox(f.txtGridRes, frame)->setGeometry(boxLeft + 124, 68, 54, kRow);
+    MakeLabel(f.lblNumOfSLTFiles, frame)->setGeometry(10, 90, labelWidth, kRow);
+    MakeLabel(f.lblSLTcount, frame)->setGeometry(boxLeft, 90, 80, kRow);
 
-    MakeLabel(f.lblSelectObject, frame)->setGeometry(10, 124, 100, kRow);
-    MakeComboBox(f.comboSelectObject, frame)->setGeometry(110, 124, kLeftWidth - 120, 24);
+    MakeLabel(f.lblSelectObject, frame)->setGeometry(10, 112, 100, kRow);
+    MakeComboBox(f.comboSelectObject, frame)->setGeometry(110, 112, kLeftWidth - 120, 24);
 
-    MakeLabel(f.lblVerticalScale, frame)->setGeometry(10, 150, labelWidth, kRow);
-    MakeTextBox(f.txtVerticalScale, frame)->setGeometry(boxLeft, 150, 64, kRow);
-    MakeLabel(f.lblVerticalOffest, frame)->setGeometry(10, 174, labelWidth, kRow);
-    MakeTextBox(f.txtVerticalOffset, frame)->setGeometry(boxLeft, 174, 64, kRow);
+    MakeLabel(f.lblVerticalScale, frame)->setGeometry(10, 140, labelWidth, kRow);
+    MakeTextBox(f.txtVerticalScale, frame)->setGeometry(boxLeft, 140, 64, kRow);
+    MakeLabel(f.lblVerticalOffest, frame)->setGeometry(10, 162, labelWidth, kRow);
+    MakeTextBox(f.txtVerticalOffset, frame)->setGeometry(boxLeft, 162, 64, kRow);
 }
 
 void MainWindow::BuildMaxFrame()
 {
     MainForm& f = app_.main;
     QGroupBox* frame = MakeFrame(f.Frame2, this);
-    frame->setGeometry(kMargin, 208, kLeftWidth, 102);
+    frame->setGeometry(kMargin, 194, kLeftWidth, 96);
 
-    MakeButton(f.btnBrowseMaxFile, frame)->setGeometry(10, 20, 66, 24);
-    MakeTextBox(f.txtMaxFile, frame)->setGeometry(82, 21, kLeftWidth - 92, kRow);
-    MakeLabel(f.lblMaxObjectName, frame)->setGeometry(10, 48, 90, kRow);
-    MakeTextBox(f.txtMaxObjectName, frame)->setGeometry(100, 48, kLeftWidth - 110, kRow);
-    MakeCheckBox(f.chkUseTolvarineName, frame)->setGeometry(10, 74, 170, kRow);
-    MakeCheckBox(f.chkUseMaxName, frame)->setGeometry(190, 74, 200, kRow);
+    MakeButton(f.btnBrowseMaxFile, frame)->setGeometry(10, 18, 66, 24);
+    MakeTextBox(f.txtMaxFile, frame)->setGeometry(82, 19, kLeftWidth - 92, kRow);
+    MakeLabel(f.lblMaxObjectName, frame)->setGeometry(10, 44, 90, kRow);
+    MakeTextBox(f.txtMaxObjectName, frame)->setGeometry(100, 44, kLeftWidth - 110, kRow);
+    MakeCheckBox(f.chkUseTolvarineName, frame)->setGeometry(10, 68, 170, kRow);
+    MakeCheckBox(f.chkUseMaxName, frame)->setGeometry(190, 68, 200, kRow);
 }
 
 void MainWindow::BuildRightColumn()
@@ -118,15 +123,15 @@ void MainWindow::BuildOutputFrames()
     MainForm& f = app_.main;
     const int width = kWidthPixels - 2 * kMargin;
     QGroupBox* output = MakeFrame(f.frameMaxScriptOutput, this);
-    output->setGeometry(kMargin, 312, width, 78);
-    MakeListBox(f.List2, output)->setGeometry(8, 18, width - 16, 54);
+    output->setGeometry(kMargin, 292, width, 100);
+    MakeListBox(f.List2, output)->setGeometry(8, 18, width - 16, 76);
 
     // The record lists are the program's working data, never shown.
     QGroupBox* credits = MakeFrame(f.Frame1, this);
-    credits->setGeometry(kMargin, 392, width, 36);
-    MakeLabel(f.lblVersion, credits)->setGeometry(10, 8, 70, 22);
+    credits->setGeometry(kMargin, 394, width, 34);
+    MakeLabel(f.lblVersion, credits)->setGeometry(10, 6, 70, 22);
     QLabel* text = MakeLabel(f.lblCredits, credits);
-    text->setGeometry(90, 3, width - 100, 31);
+    text->setGeometry(90, 2, width - 100, 30);
     text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
