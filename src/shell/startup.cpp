@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "combiner/script_combiner.h"
 #include "project/catalogue.h"
 #include "shell/app.h"
 #include "shell/events.h"
@@ -80,10 +81,13 @@ void Main(App& app, const StartOptions& options)
     s.IniFile = options.iniFile.empty() ? app.platform.ProgramFolder() + kPathSeparator + kIniName
                                         : options.iniFile;
 
-    // The forms come into being with their event routines attached.
+    // The forms come into being with their event routines attached; a loaded
+    // form stays hidden until shown.
     ConnectEvents(app);
-    LoadForm(app, app.main, FormId::Main);
-    LoadForm(app, app.compiler, FormId::Compiler);
+    app.main.loaded = true;
+    MainForm_Load(app);
+    app.compiler.loaded = true;
+    CompilerForm_Load(app);
 
     app.main.chkSave.SetValue(1);
     app.main.lblVersion.SetCaption("Beta 1");

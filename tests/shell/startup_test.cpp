@@ -73,10 +73,6 @@ TEST_F(StartupTest, RestoresRememberedFolders)
         EXPECT_EQ(a.state.DefaultDir, row.defaultDir) << row.storedDefault;
         EXPECT_EQ(a.state.ObjectDir, row.objectDir) << row.storedObject;
     }
-}
-
-TEST_F(StartupTest, CatalogueFileOptionReplacesTheOneBesideTheProgram)
-{
     Main(app, StartOptions{"/elsewhere/catalogue.ini"});
     EXPECT_EQ(app.state.IniFile, "/elsewhere/catalogue.ini");
 }
