@@ -28,13 +28,8 @@ std::string RestoreFolder(App& app, const std::string& valueName)
     return stored.empty() ? app.platform.ProgramFolder() : stored;
 }
 
-// Loading a form only places it; it stays hidden until shown.
-template <class Form> void LoadForm(App& app, Form& form, FormId id)
-{
-    form.loaded = true;
-    CenterFormVertical(app, id);
-    CenterFormHorizontal(app, id);
-}
+// The main form's load event places it and does nothing else.
+void MainForm_Load(App& app);
 
 struct FormGeometry {
     int* position;
@@ -67,6 +62,12 @@ void CenterForm(App& app, FormId form, bool vertical)
     (void)Trap([&] { room = screen - extent; });
     *g.position = room < Int16(1) ? 0 : room.value() / 2;
     g.view->Notify();
+}
+
+void MainForm_Load(App& app)
+{
+    CenterFormVertical(app, FormId::Main);
+    CenterFormHorizontal(app, FormId::Main);
 }
 
 } // namespace
