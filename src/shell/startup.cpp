@@ -28,9 +28,6 @@ std::string RestoreFolder(App& app, const std::string& valueName)
     return stored.empty() ? app.platform.ProgramFolder() : stored;
 }
 
-// The main form's load event places it and does nothing else.
-void MainForm_Load(App& app);
-
 struct FormGeometry {
     int* position;
     int extent;
@@ -64,6 +61,7 @@ void CenterForm(App& app, FormId form, bool vertical)
     g.view->Notify();
 }
 
+// The main form's load event places it and does nothing else.
 void MainForm_Load(App& app)
 {
     CenterFormVertical(app, FormId::Main);
