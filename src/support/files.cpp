@@ -25,6 +25,13 @@ public:
     FileHandle(const FileHandle&) = delete;
     FileHandle& operator=(const FileHandle&) = delete;
     int get() const { return fd_; }
+    // Closes now; false when the system reports that the data did not get out.
+    bool Close()
+    {
+        const int fd = fd_;
+        fd_ = -1;
+        return ::close(fd) == 0 || errno == EINTR;
+    }
 
 private:
     int fd_;
@@ -147,7 +154,7 @@ void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& row
             pending.clear();
         }
     }
-    if (!WriteAll(file.get(), pending))
+    if (!WriteAll(file.get(), pending) || !file.Close())
         Fail(FileFailureNumber(errno, FileAccess::Write));
 }
 
