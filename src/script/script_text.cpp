@@ -1,5 +1,6 @@
 #include "script/script_text.h"
 
+#include <initializer_list>
 #include <string>
 
 #include "shell/controls.h"
@@ -10,37 +11,49 @@ namespace tos {
 
 namespace {
 
-std::string Coordinate(double value)
+// Joins the parts of one row.
+std::string Row(std::initializer_list<std::string_view> parts)
 {
-    return FormatPattern(value, "0.000000");
+    std::size_t size = 0;
+    for (std::string_view p : parts)
+        size += p.size();
+    std::string row;
+    row.reserve(size);
+    for (std::string_view p : parts)
+        row.append(p);
+    return row;
 }
 
 std::string Bracketed(const std::string& a, const std::string& b, const std::string& c)
 {
-    return "[" + a + "," + b + "," + c + "]";
+    return Row({"[", a, ",", b, ",", c, "]"});
 }
 
 std::string PositionRow(std::string_view name, const MaxPosition& at)
 {
-    return "$" + std::string(name) +
-           ".pos = " + Bracketed(Coordinate(at.x), Coordinate(at.y), Coordinate(at.z));
+    return Row({"$", name, ".pos = ",
+                Bracketed(FormatPattern(at.x, "0.000000"), FormatPattern(at.y, "0.000000"),
+                          FormatPattern(at.z, "0.000000"))});
 }
 
 std::string CopyName(std::string_view object, Int16 copyNumber)
 {
-    return std::string(object) + FormatPattern(copyNumber.value(), "00");
+    return Row({object, FormatPattern(copyNumber.value(), "00")});
 }
 
 // Rotate rows in the order Z, Y, X, for those axes whose flag is set.
 void AppendRotateRows(ListBox& script, std::string_view name, const Turns& turns)
 {
-    const std::string head = "rotate $" + std::string(name) + " (angleaxis ";
+    const auto rotate = [&](double angle, std::string_view axis) {
+        script.AddItem(
+            Row({"rotate $", name, " (angleaxis ", NumberToText(angle), " ", axis, ")"}));
+    };
     if (turns.rotateZ)
-        script.AddItem(head + NumberToText(turns.angleZ) + " [0,0,1])");
+        rotate(turns.angleZ, "[0,0,1]");
     if (turns.rotateY)
-        script.AddItem(head + NumberToText(turns.angleY) + " [0,1,0])");
+        rotate(turns.angleY, "[0,1,0]");
     if (turns.rotateX)
-        script.AddItem(head + NumberToText(turns.angleX) + " [1,0,0])");
+        rotate(turns.angleX, "[1,0,0]");
 }
 
 } // namespace
@@ -53,14 +66,14 @@ Turns TurnsOf(const RunState& state)
 void AppendHeadBlock(ListBox& script, std::string_view scriptName, std::string_view maxFile)
 {
     script.AddItem("-- Tolvarine Object Scripter for 3dsMax 3.1");
-    script.AddItem("-- Script File Name:  " + std::string(scriptName));
+    script.AddItem(Row({"-- Script File Name:  ", scriptName}));
     script.AddItem("");
     script.AddItem("");
     script.AddItem("-- start of script");
     script.AddItem("clearlistener()");
     script.AddItem("");
     script.AddItem("-- perform merge on first object");
-    script.AddItem("mergeMAXFile \"" + UpperCase(maxFile) + "\" #mergeDups #select #noredraw");
+    script.AddItem(Row({"mergeMAXFile \"", UpperCase(maxFile), "\" #mergeDups #select #noredraw"}));
     script.AddItem("");
 }
 
@@ -72,7 +85,7 @@ void AppendFirstObjectBlock(ListBox& script, std::string_view object, const MaxP
     script.AddItem(PositionRow(object, at));
     if (scaleFactor) {
         const std::string f = FormatPattern(*scaleFactor, "0.00000000");
-        script.AddItem("$" + std::string(object) + ".scale = " + Bracketed(f, f, f));
+        script.AddItem(Row({"$", object, ".scale = ", Bracketed(f, f, f)}));
     }
     script.AddItem("");
     script.AddItem("-- make copies of the original object and move into postion");
@@ -83,7 +96,7 @@ void AppendCopyPlacement(ListBox& script, std::string_view object, Int16 copyNum
                          const MaxPosition& at)
 {
     const std::string name = CopyName(object, copyNumber);
-    script.AddItem("copy $" + std::string(object) + " isSelected:on name:\"" + name + "\"");
+    script.AddItem(Row({"copy $", object, " isSelected:on name:\"", name, "\""}));
     script.AddItem(PositionRow(name, at));
 }
 
