@@ -14,7 +14,9 @@ class Platform;
 
 // Read access to profile files: one GetINIString per value. Files below 65,535
 // bytes go to a reader that behaves like the platform's; larger ones to our own
-// reader, which holds one file with an index of its sections.
+// reader, which holds one file with an index of its sections. A file's length and
+// time of last change, once taken, serve the reads of the next 100 ms; a caller that
+// has just rewritten a file calls FlushProfileFile before reading it again.
 class ProfileFiles {
 public:
     explicit ProfileFiles(Platform& platform);

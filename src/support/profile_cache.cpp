@@ -53,7 +53,7 @@ std::int32_t ProfileFiles::ReadValueFromCache(const std::string& section, const 
                 SetCut(buffer, ElementOrMessage(s.platform, line, "=", 1), size);
                 return;
             }
-            std::size_t first = line.find_first_not_of(' ');
+            const std::size_t first = line.find_first_not_of(' ');
             if ((first != std::string_view::npos && line[first] == '[') ||
                 s.SectionCachePos >= length)
                 return;
