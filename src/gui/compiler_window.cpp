@@ -9,34 +9,18 @@
 #include <QVBoxLayout>
 
 #include <cmath>
-#include <string_view>
 
+#include "gui/cp1252.h"
+#include "gui/qt_platform.h"
 #include "shell/app.h"
 
 namespace tos::gui {
 
 namespace {
 
-// The core's text is Windows-1252 bytes; only 0x80..0x9F differ from Latin-1.
-QString FromWindows1252(std::string_view bytes)
+int TwipsToPixels(int twips)
 {
-    static const char16_t kHigh[32] = {
-        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-    QString text;
-    text.reserve(static_cast<qsizetype>(bytes.size()));
-    for (char c : bytes) {
-        const auto b = static_cast<unsigned char>(c);
-        text.append(QChar(b >= 0x80 && b < 0xA0 ? kHigh[b - 0x80] : char16_t(b)));
-    }
-    return text;
-}
-
-// Twips are 1/1440 of a logical inch.
-int TwipsToPixels(int twips, double logicalDpi)
-{
-    return static_cast<int>(std::lround(twips * logicalDpi / 1440.0));
+    return static_cast<int>(std::lround(twips / QtPlatform::TwipsPerPixel()));
 }
 
 } // namespace
@@ -47,13 +31,11 @@ CompilerWindow::CompilerWindow(App& app, QWidget* owner)
       app_(app)
 {
     setObjectName("frmScriptCompiler");
-    setWindowTitle(FromWindows1252(app.compiler.caption));
+    setWindowTitle(FromCp1252(app.compiler.caption));
     setSizeGripEnabled(false);
     BuildControls();
 
-    const double dpi = logicalDpiX();
-    setFixedSize(TwipsToPixels(app.compiler.widthTwips, dpi),
-                 TwipsToPixels(app.compiler.heightTwips, dpi));
+    setFixedSize(TwipsToPixels(app.compiler.widthTwips), TwipsToPixels(app.compiler.heightTwips));
 
     // The model outlives the window in tests; its notifiers must not reach a dead window.
     QPointer<CompilerWindow> self(this);
@@ -82,7 +64,17 @@ void CompilerWindow::BuildControls()
 {
     CompilerForm& form = app_.compiler;
 
-    frame_ = new QGroupBox(FromWindows1252(form.frameCompiledMaxScript.Caption()), this);
+    auto makeButton = [this](Button& model) {
+        auto* button = new QPushButton(FromCp1252(model.Caption()), this);
+        button->setObjectName(QString::fromStdString(model.Name()));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, [&model] { model.Click.Fire(); });
+        return button;
+    };
+
+    // Creation order is the tab order: Done, the list, Add File, Save As.
+    done_ = makeButton(form.btnDone);
+    frame_ = new QGroupBox(FromCp1252(form.frameCompiledMaxScript.Caption()), this);
     frame_->setObjectName(QString::fromStdString(form.frameCompiledMaxScript.Name()));
 
     list_ = new QListWidget(frame_);
@@ -98,16 +90,8 @@ void CompilerWindow::BuildControls()
     auto* frameLayout = new QVBoxLayout(frame_);
     frameLayout->addWidget(list_);
 
-    auto makeButton = [this](Button& model) {
-        auto* button = new QPushButton(FromWindows1252(model.Caption()), this);
-        button->setObjectName(QString::fromStdString(model.Name()));
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, [&model] { model.Click.Fire(); });
-        return button;
-    };
     addFile_ = makeButton(form.btnAddFile);
     saveAs_ = makeButton(form.btnSaveAs);
-    done_ = makeButton(form.btnDone);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(addFile_);
@@ -118,10 +102,6 @@ void CompilerWindow::BuildControls()
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(frame_, 1);
     layout->addLayout(buttons);
-
-    setTabOrder(done_, list_);
-    setTabOrder(list_, addFile_);
-    setTabOrder(addFile_, saveAs_);
 }
 
 void CompilerWindow::SyncForm()
@@ -129,8 +109,7 @@ void CompilerWindow::SyncForm()
     const CompilerForm& form = app_.compiler;
     if (!form.visible && isVisible())
         hide();
-    const double dpi = logicalDpiX();
-    move(TwipsToPixels(form.left, dpi), TwipsToPixels(form.top, dpi));
+    move(TwipsToPixels(form.left), TwipsToPixels(form.top));
     if (form.mousePointer == kPointerHourglass)
         setCursor(Qt::WaitCursor);
     else
@@ -145,7 +124,7 @@ void CompilerWindow::SyncList()
     if (rows.size() < count)
         list_->clear();
     for (auto i = static_cast<std::size_t>(list_->count()); i < rows.size(); ++i)
-        list_->addItem(FromWindows1252(rows[i]));
+        list_->addItem(FromCp1252(rows[i]));
 }
 
 void CompilerWindow::closeEvent(QCloseEvent* event)
