@@ -67,8 +67,9 @@ void BM_ScriptCommand(benchmark::State& state)
 {
     const GeneratedProject project(static_cast<int>(state.range(0)));
     const std::string prj = project.Prj();
-    const char* argv[] = {"tos-cli", "script", prj.c_str(), "Stem001", "--max-file",
-                          "C:\\Models\\Stem.max", "--use-max-name"};
+    const char* argv[] = {"tos-cli",       "script",     prj.c_str(),
+                          "Stem001",       "--max-file", "C:\\Models\\Stem.max",
+                          "--use-max-name"};
     std::size_t rows = 0;
     int status = 0;
     for (auto _ : state) {
