@@ -101,17 +101,28 @@ private:
         }
     }
 
-    void AppendModel(std::string& text, std::int32_t n)
+    // Look and up vectors as the scene editor writes them.
+    std::pair<std::string, std::string> Orientation()
     {
-        const auto [x, z] = Ground();
+        if (Uniform(0, 1) >= spec_.tiltedShare) {
+            const double a = Uniform(-3.14159, 3.14159);
+            return {Triple(std::sin(a), 0, std::cos(a), "%.3f,%g,%.3f"), "0,1,0"};
+        }
         const Vec look = Normalised({Uniform(-1, 1), Uniform(-0.3, 0.3), Uniform(-1, 1)});
         const Vec side =
             Normalised(Cross(look, Normalised({Uniform(-0.2, 0.2), 1, Uniform(-0.2, 0.2)})));
         const Vec up = Cross(side, look);
+        return {Triple(look.x, look.y, look.z, "%.3f,%.3f,%.3f"),
+                Triple(up.x, up.y, up.z, "%.3f,%.3f,%.3f")};
+    }
+
+    void AppendModel(std::string& text, std::int32_t n)
+    {
+        const auto [x, z] = Ground();
+        const auto [look, up] = Orientation();
         text += "[Model" + std::to_string(n) + "]\r\nSLT=" + ModelValue() +
-                "\r\nPosition=" + Triple(x, Uniform(0, 40), z, "%.2f,%.2f,%.2f") +
-                "\r\nLookVector=" + Triple(look.x, look.y, look.z, "%.6f,%.6f,%.6f") +
-                "\r\nUpVector=" + Triple(up.x, up.y, up.z, "%.6f,%.6f,%.6f") + "\r\n\r\n";
+                "\r\nPosition=" + Triple(x, Uniform(0, 40), z, "%.1f,%.1f,%.1f") +
+                "\r\nLookVector=" + look + "\r\nUpVector=" + up + "\r\n\r\n";
     }
 
     SceneSpec spec_;

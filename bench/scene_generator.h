@@ -15,14 +15,16 @@ struct SceneSpec {
     double stockShare = 0.1;
     // Share of the models placed inside the main tile; the rest lie on the perimeter tiles.
     double mainTileShare = 0.5;
+    // Share of the models tilted off the vertical; the rest stand upright, turned about it.
+    double tiltedShare = 0.3;
     int terrainWidth = 5;
     double gridRes = 3.0;
     std::uint32_t seed = 1;
 };
 
 // The scene text, CR LF line ends, in the order the scene editor writes it:
-// Environment, StaticModels, then Model1..Model<models>. Every model has a
-// general orientation (look and up vectors off the axes, at right angles).
+// Environment, StaticModels, then Model1..Model<models>. Upright models have an
+// up vector of 0,1,0; tilted ones have look and up vectors off the axes, at right angles.
 std::string GenerateScene(const SceneSpec& spec);
 
 // Writes <folder>/<base>.prj and <folder>/<base>.scn; returns the .prj path.
