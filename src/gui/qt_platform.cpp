@@ -24,7 +24,7 @@ std::unique_ptr<QSettings> OpenStore(const std::string& key)
 #ifdef Q_OS_WIN
     return std::make_unique<QSettings>(SettingsLocation(key), QSettings::NativeFormat);
 #else
-    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+    return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
                                        SettingsLocation(key));
 #endif
 }
