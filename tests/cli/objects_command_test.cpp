@@ -59,6 +59,7 @@ TEST(ObjectsCommand, ListsTheObjectsAndReportsEveryMessageBox)
     const Case cases[] = {
         {{"objects", kValley},                  0, kOptions + "Barn\nFence\nRock\nShed\nTree\nWaterTower\n", ""},
         {{"objects", kValley, "--perimeter"},   0, kOptions + "Barn\nRock\nSilo\nTree\n",                    ""},
+        {{"objects", kValley, "--perimeter", "--perimeter"},   0, kOptions + "Barn\nRock\nSilo\nTree\n",                    ""},
         {{"objects", dir.File("NoScene.prj")},  1, "",                       t + "No SCN file found!!\n"},
         {{"objects", ""},                       0, "",                       ""},
         {{"objects", flatPrj, "--grid-size", "768"}, 1, "",                  zeroDivisions},
