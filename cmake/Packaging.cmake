@@ -38,9 +38,11 @@ set(CPACK_PACKAGE_NAME tolvarine-object-scripter)
 set(CPACK_PACKAGE_VENDOR "Tolvarine Object Scripter team")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_PACKAGE_DESCRIPTION "Reads a Tolvarine terrain scene and writes MAXScript files \
-that merge an object into 3ds Max and place a copy of it wherever the scene has that \
-object. A second window, and the command-line tool tos-cli, join such scripts into one.")
+string(CONCAT CPACK_PACKAGE_DESCRIPTION
+    "Reads a Tolvarine terrain scene and writes MAXScript files that merge an\n"
+    "object into 3ds Max and place a copy of it wherever the scene has that\n"
+    "object. A second window, and the command-line tool tos-cli, join such\n"
+    "scripts into one.")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY tolvarine-object-scripter)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

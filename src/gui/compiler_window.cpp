@@ -81,7 +81,9 @@ void CompilerWindow::BuildControls()
     list_->setObjectName(QString::fromStdString(form.lstMaxScripts.Name()));
     list_->setSelectionMode(QAbstractItemView::SingleSelection);
     list_->setUniformItemSizes(true);
-    QFont mono(QString::fromStdString(form.lstMaxScripts.GetFont().name));
+    // Where the named face is missing, the desktop's fixed-pitch face stands in.
+    QFont mono;
+    mono.setFamilies({QString::fromStdString(form.lstMaxScripts.GetFont().name), "monospace"});
     if (form.lstMaxScripts.GetFont().points > 0)
         mono.setPointSize(form.lstMaxScripts.GetFont().points);
     mono.setStyleHint(QFont::TypeWriter);

@@ -43,4 +43,13 @@ run_cli(built "${BUILD_CLI}" objects "${PROJECT_FILE}")
 if(installed STREQUAL "" OR NOT installed STREQUAL built)
     message(FATAL_ERROR "installed object list:\n${installed}\nbuild tree's:\n${built}")
 endif()
+
+# Started through its link, the program reads the catalogue file in its own folder:
+# one that promises an item it lacks must bring the message about that item.
+file(WRITE "${home}/TolvarineObjectScripter.ini" "[MiscStockObjects]\r\nTotalItems=1\r\n")
+execute_process(COMMAND "${cli}" objects "${PROJECT_FILE}"
+    RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE err)
+if(NOT status EQUAL 1 OR NOT err MATCHES "Item_1")
+    message(FATAL_ERROR "installed catalogue file not read: status ${status}, stderr: ${err}")
+endif()
 file(REMOVE_RECURSE "${PREFIX}")
