@@ -22,19 +22,13 @@ protected:
         ConnectCombinerEvents(app);
     }
 
-    // Adds the file through the form's button, the dialog answering path.
-    void Add(const std::string& path)
+    // Presses a button of the form, the dialog answering path ("" cancels).
+    void Press(Button& button, const std::string& path)
     {
         platform.dialogAnswers.push_back(path);
-        app.compiler.btnAddFile.Click.Fire();
+        button.Click.Fire();
     }
-
-    void SaveAs(const std::string& path)
-    {
-        platform.dialogAnswers.push_back(path);
-        app.compiler.btnSaveAs.Click.Fire();
-    }
-
+    void Add(const std::string& path) { Press(app.compiler.btnAddFile, path); }
     Rows ListRows() const { return app.compiler.lstMaxScripts.Rows(); }
 
     test::FakePlatform platform;
@@ -47,111 +41,87 @@ TEST_F(CombinerTest, ReadingRulesGiveTheRows)
     struct Case {
         const char* name;
         std::string bytes;
+        int times; // how often the file is added
         Rows rows;
     };
     // clang-format off
     const Case cases[] = {
-        {"three CR LF lines", "a\r\nb\r\nc\r\n",  {"a", "b", "c", "", ""}},
-        {"CR alone",          "a\rb\rc\r",        {"a", "b", "c", "", ""}},
-        {"LF alone",          "a\nb\nc\n",        {"a\nb\nc\n", "", ""}},
-        {"no final line end", "a\r\nlast",        {"a", "last", "", ""}},
-        {"empty file",        "",                 {"", ""}},
-        {"one empty line",    "\r\n",             {"", "", ""}},
-        {"CR CR LF",          "a\r\r\nb",         {"a", "", "b", "", ""}},
-        {"LF after CR LF",    "a\r\n\nb\r\n",     {"a", "\nb", "", ""}},
-        {"blanks kept",       "  x = 1 \t\r\n",   {"  x = 1 \t", "", ""}},
-        {"high bytes kept",   "caf\xE9\r\n",      {"caf\xE9", "", ""}},
+        {"three CR LF lines", "a\r\nb\r\nc\r\n", 1, {"a", "b", "c", "", ""}},
+        {"CR alone",          "a\rb\rc\r",       1, {"a", "b", "c", "", ""}},
+        {"LF alone",          "a\nb\nc\n",       1, {"a\nb\nc\n", "", ""}},
+        {"no final line end", "a\r\nlast",       1, {"a", "last", "", ""}},
+        {"empty file",        "",                1, {"", ""}},
+        {"CR CR LF",          "a\r\r\nb",        1, {"a", "", "b", "", ""}},
+        {"LF after CR LF",    "a\r\n\nb\r\n",    1, {"a", "\nb", "", ""}},
+        {"same file twice",   "a\r\nb",          2, {"a", "b", "", "", "a", "b", "", ""}},
     };
     // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         app.compiler.lstMaxScripts.Clear();
-        Add(dir.Write("in.ms", c.bytes));
+        const std::string path = dir.Write("in.ms", c.bytes);
+        for (int i = 0; i < c.times; ++i)
+            Add(path);
         EXPECT_EQ(ListRows(), c.rows);
-        EXPECT_TRUE(platform.messages.empty());
     }
+    EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST_F(CombinerTest, ScriptsFollowOneAnotherAndTheSameFileMayComeTwice)
+TEST_F(CombinerTest, DialogsAskForScriptsInTheDefaultFolderUnderTheHourglass)
 {
-    const std::string first = dir.Write("first.ms", "a\r\nb\r\nc\r\n");
-    const std::string second = dir.Write("second.ms", "x\r\n");
-    Add(first);
-    Add(second);
-    Add(first);
-    const Rows expected{"a", "b", "c", "", "", "x", "", "", "a", "b", "c", "", ""};
-    EXPECT_EQ(ListRows(), expected);
-}
-
-TEST_F(CombinerTest, DialogsAskForScriptsInTheDefaultFolder)
-{
-    const std::string script = dir.Write("s.ms", "x\r\n");
-    Add(script);
-    SaveAs(dir.Write("out.ms", ""));
+    Add(dir.Write("s.ms", "x\r\n"));
+    Press(app.compiler.btnSaveAs, dir.Write("out.ms", ""));
     ASSERT_EQ(platform.dialogRequests.size(), 2u);
-    const auto& open = platform.dialogRequests[0];
-    const auto& save = platform.dialogRequests[1];
-    EXPECT_EQ(open.form, FormId::Compiler);
-    EXPECT_EQ(open.title, "Open MAX Script File (MS)");
-    EXPECT_FALSE(open.save);
-    EXPECT_EQ(save.form, FormId::Compiler);
-    EXPECT_EQ(save.title, "Save Compiled MAX Script As... (MS)");
-    EXPECT_TRUE(save.save);
+    EXPECT_EQ(platform.dialogRequests[0].title, "Open MAX Script File (MS)");
+    EXPECT_EQ(platform.dialogRequests[1].title, "Save Compiled MAX Script As... (MS)");
     for (const auto& r : platform.dialogRequests) {
+        EXPECT_EQ(r.form, FormId::Compiler);
+        EXPECT_EQ(r.save, &r == &platform.dialogRequests[1]);
         EXPECT_EQ(r.initialFolder, app.state.DefaultDir);
         EXPECT_EQ(r.filter, "MS File (*.ms)|*.ms");
-        EXPECT_EQ(r.filterIndex, 1);
-        EXPECT_EQ(r.fileName, "");
     }
-    using Change = std::pair<FormId, int>;
-    const std::vector<Change> pointers{{FormId::Compiler, 11},
-                                       {FormId::Compiler, 0},
-                                       {FormId::Compiler, 11},
-                                       {FormId::Compiler, 0}};
+    const std::vector<std::pair<FormId, int>> pointers{{FormId::Compiler, 11},
+                                                       {FormId::Compiler, 0},
+                                                       {FormId::Compiler, 11},
+                                                       {FormId::Compiler, 0}};
     EXPECT_EQ(platform.pointerChanges, pointers);
 }
 
 TEST_F(CombinerTest, SavingWritesEveryRowWithCrLfAndKeepsTheList)
 {
+    const std::string lockedFailure =
+        "Unexpected error in btnSaveAs \n\n 75 - Path/File access error";
     struct Case {
         const char* name;
         std::string input; // "" adds nothing
+        bool readOnly;
         std::string written;
+        Rows messages;
     };
     // clang-format off
     const Case cases[] = {
-        {"empty list",    "",              ""},
-        {"one script",    "a\rb",          "a\r\nb\r\n\r\n\r\n"},
-        {"LF inside row", "a\nb\r\n",      "a\nb\r\n\r\n\r\n"},
+        {"empty list",      "",         false, "",                     {}},
+        {"one script",      "a\rb",     false, "a\r\nb\r\n\r\n\r\n",   {}},
+        {"LF inside a row", "a\nb\r\n", false, "a\nb\r\n\r\n\r\n",     {}},
+        {"read-only file",  "a\r\n",    true,  "old content",          {lockedFailure}},
     };
     // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         app.compiler.lstMaxScripts.Clear();
+        platform.ClearMessages();
         if (!c.input.empty())
             Add(dir.Write("in.ms", c.input));
         const Rows before = ListRows();
-        const std::string out = dir.Write("out.ms", "old content that is longer\r\n");
-        SaveAs(out);
+        const std::string out = dir.Write(c.name, "old content");
+        if (c.readOnly)
+            std::filesystem::permissions(out, std::filesystem::perms(0444));
+        Press(app.compiler.btnSaveAs, out);
         EXPECT_EQ(test::ReadBytes(out), c.written);
         EXPECT_EQ(ListRows(), before);
-        EXPECT_TRUE(platform.messages.empty());
+        EXPECT_EQ(platform.Texts(), c.messages);
+        EXPECT_EQ(platform.pointerChanges.back().second, 0);
     }
-}
-
-TEST_F(CombinerTest, ReadOnlyTargetShowsTheTrapAndKeepsRowsAndFile)
-{
-    Add(dir.Write("in.ms", "a\r\n"));
-    const std::string out = dir.Write("locked.ms", "keep");
-    std::filesystem::permissions(out, std::filesystem::perms(0444));
-    SaveAs(out);
-    ASSERT_EQ(platform.messages.size(), 1u);
-    EXPECT_EQ(platform.messages[0].text,
-              "Unexpected error in btnSaveAs \n\n 75 - Path/File access error");
-    EXPECT_EQ(platform.messages[0].title, "TolvarineObjectScripter");
-    EXPECT_EQ(test::ReadBytes(out), "keep");
-    EXPECT_EQ(ListRows(), (Rows{"a", "", ""}));
-    EXPECT_EQ(platform.pointerChanges.back(), std::make_pair(FormId::Compiler, 0));
 }
 
 std::string Lines(int count)
@@ -198,11 +168,9 @@ TEST_F(CombinerTest, CancelChangesNothing)
 {
     Add(dir.Write("in.ms", "a\r\n"));
     platform.pointerChanges.clear();
-    const std::string out = dir.Write("out.ms", "keep");
     app.compiler.btnAddFile.Click.Fire();
     app.compiler.btnSaveAs.Click.Fire();
     EXPECT_EQ(ListRows(), (Rows{"a", "", ""}));
-    EXPECT_EQ(test::ReadBytes(out), "keep");
     EXPECT_TRUE(platform.messages.empty());
     EXPECT_TRUE(platform.pointerChanges.empty());
 }
@@ -216,33 +184,12 @@ TEST_F(CombinerTest, EachOpeningStartsEmptyAndDoneOnlyHides)
         EXPECT_TRUE(ListRows().empty());
         Add(dir.Write("in.ms", "a\r\n"));
         app.compiler.btnDone.Click.Fire();
+        EXPECT_FALSE(app.compiler.visible);
     };
     app.main.btnRunScriptCompiler.Click.Fire();
-    EXPECT_FALSE(app.compiler.visible);
     EXPECT_EQ(ListRows(), (Rows{"a", "", ""}));
     app.main.btnRunScriptCompiler.Click.Fire();
     EXPECT_EQ(modalRuns, 2);
-    EXPECT_TRUE(platform.messages.empty());
-}
-
-TEST_F(CombinerTest, LoadCentresTheFormOnTheScreen)
-{
-    struct Case {
-        double width, height;
-        int left, top;
-    };
-    // clang-format off
-    const Case cases[] = {
-        {19200, 10800, 6592, 2737},
-        {40000, 4000,  0,    0},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        platform.screen = {c.width, c.height};
-        CompilerForm_Load(app);
-        EXPECT_EQ(app.compiler.left, c.left);
-        EXPECT_EQ(app.compiler.top, c.top);
-    }
 }
 
 } // namespace
