@@ -1,5 +1,8 @@
 #include "combiner/script_combiner.h"
 
+#include <string_view>
+#include <vector>
+
 #include "shell/app.h"
 #include "shell/common_dialog.h"
 #include "shell/startup.h"
@@ -19,8 +22,8 @@ void SetCompilerPointer(App& app, int pointer)
     app.compiler.formView.Notify();
 }
 
-} // namespace
-
+// A line ends at CR or at CR LF, and neither belongs to the row; a line feed
+// alone is part of its row. Nothing follows a line end at the very end.
 std::vector<std::string> SplitScriptLines(std::string_view bytes)
 {
     std::vector<std::string> rows;
@@ -41,6 +44,8 @@ std::vector<std::string> SplitScriptLines(std::string_view bytes)
         rows.emplace_back(bytes.substr(start));
     return rows;
 }
+
+} // namespace
 
 void btnRunScriptCompiler_Click(App& app)
 {

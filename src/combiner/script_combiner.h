@@ -1,17 +1,10 @@
 #pragma once
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace tos {
 
 struct App;
-
-// Splits file bytes into the rows the combiner shows: a line ends at CR or at
-// CR LF, and neither belongs to the row; a line feed alone is part of its row.
-// Nothing follows a line end at the very end of the file.
-std::vector<std::string> SplitScriptLines(std::string_view bytes);
 
 // The main form's button: empties the list and shows the combiner modally.
 void btnRunScriptCompiler_Click(App& app);
