@@ -111,7 +111,8 @@ std::string ReadWholeFile(const std::string& path)
     if (S_ISDIR(st.st_mode))
         Fail(err::PathFileAccess);
     std::string bytes;
-    bytes.resize(static_cast<std::size_t>(st.st_size));
+    // One byte spare, so the read that meets the end needs no larger buffer.
+    bytes.resize(static_cast<std::size_t>(st.st_size) + 1);
     std::size_t have = 0;
     for (;;) {
         if (have == bytes.size())

@@ -118,12 +118,8 @@ void ProfileFiles::FlushProfileFile(const std::string& file)
     if (s.look.path == file)
         s.look.valid = false;
     std::erase_if(s.parsed, [&](const Impl::Parsed& p) { return p.path == file; });
-    // The large-file copy goes too: a rewrite within the clock's resolution with the
-    // same length would otherwise go unseen.
-    if (s.SectionCacheFile == file) {
-        s.SectionCacheFile.clear();
-        s.SectionCacheStamp.clear();
-    }
+    // The large-file copy stays: it goes by the file's stamp, and a project load
+    // would otherwise read and index a big scene twice.
 }
 
 std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const std::string& file,

@@ -29,7 +29,9 @@ public:
     std::string GetINIString(const std::string& section, const std::string& key,
                              const std::string& file);
 
-    // Forgets what is held of the file, so the next read sees it on disk.
+    // Forgets the small-file reader's copy of the file and its length and time taken
+    // last, so the next read looks at the disk. The large-file copy goes by the file's
+    // stamp and stays while that is unchanged.
     void FlushProfileFile(const std::string& file);
 
     // The numbers n >= 1, ascending and distinct, for which GetINIString would find a
