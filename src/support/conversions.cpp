@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 
 namespace tos {
@@ -65,16 +64,35 @@ double RadixNumber(NumberCursor& cur, int base)
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
 }
 
-// The correctly rounded double of a plain decimal text ("12.5e-3" form).
-double DecimalValue(const std::string& digits)
+// Whether a plain decimal text ("-12.5e-3" form, not zero) is 1 or more in magnitude.
+bool AtLeastOne(std::string_view number)
+{
+    const std::size_t e = number.find('e');
+    long long exponent = 0;
+    if (e != std::string_view::npos)
+        std::from_chars(number.data() + e + 1, number.data() + number.size(), exponent);
+    const std::string_view mantissa = number.substr(0, e);
+    const std::size_t first = mantissa.find_first_of("123456789");
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    if (first == std::string_view::npos)
+        return false;
+    // The power of ten of the first significant digit.
+    const long long order =
+        static_cast<long long>(point) - static_cast<long long>(first) - (first < point ? 1 : 0);
+    return order + exponent >= 0;
+}
+
+// The correctly rounded double of a plain decimal text ("-12.5e-3" form). The C
+// library's reader is no help out of range: it follows the locale's decimal mark.
+double DecimalValue(const std::string& number)
 {
     double v = 0;
-    auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), v);
+    const auto [end, ec] = std::from_chars(number.data(), number.data() + number.size(), v);
     if (ec == std::errc::result_out_of_range) {
-        // Out of range one way or the other: the C reader tells which.
-        v = std::strtod(digits.c_str(), nullptr);
-        if (std::isinf(v))
+        // Only a value too large or too small for any double lands here.
+        if (AtLeastOne(number))
             Fail(err::Overflow);
+        return number.front() == '-' ? -0.0 : 0.0;
     }
     return v;
 }
