@@ -19,9 +19,9 @@ public:
         folder_ = std::filesystem::temp_directory_path() /
                   ("tos-bench-objects-" + std::to_string(std::random_device{}()));
         std::filesystem::create_directories(folder_);
-        tos::bench::SceneSpec spec;
-        spec.models = models;
-        prj_ = tos::bench::WriteProject(folder_.string(), "Generated", spec);
+        tos::bench::SceneLayout layout;
+        layout.models = models;
+        prj_ = tos::bench::WriteProject(folder_.string(), "Generated", layout);
     }
     ~GeneratedProject()
     {

@@ -22,12 +22,12 @@ public:
         folder_ = std::filesystem::temp_directory_path() /
                   ("tos-bench-script-" + std::to_string(std::random_device{}()));
         std::filesystem::create_directories(folder_);
-        tos::bench::SceneSpec spec;
-        spec.models = 30000;
-        spec.stems = stems;
-        spec.stockShare = 0;
-        spec.mainTileShare = 1.0;
-        prj_ = tos::bench::WriteProject(folder_.string(), "Generated", spec);
+        tos::bench::SceneLayout layout;
+        layout.models = 30000;
+        layout.stems = stems;
+        layout.stockShare = 0;
+        layout.mainTileShare = 1.0;
+        prj_ = tos::bench::WriteProject(folder_.string(), "Generated", layout);
         const std::string scene = ReadAll(folder_ / "Generated.scn");
         placements_ = CountOf(scene, "SLT=Stem001.SLT\r\n");
     }

@@ -48,17 +48,17 @@ std::string Fixed1(double v)
 
 class Generator {
 public:
-    explicit Generator(const SceneSpec& spec) : spec_(spec), rng_(spec.seed) {}
+    explicit Generator(const SceneLayout& layout) : layout_(layout), rng_(layout.seed) {}
 
     std::string Scene()
     {
         std::string text;
-        text.reserve(static_cast<std::size_t>(spec_.models) * 130 + 256);
-        text += "[Environment]\r\nTerrainWidth=" + std::to_string(spec_.terrainWidth) +
-                "\r\nTerrainWidthScale=" + Fixed1(spec_.gridRes) +
-                "\r\n\r\n[StaticModels]\r\nNumberOfStaticModels=" + std::to_string(spec_.models) +
+        text.reserve(static_cast<std::size_t>(layout_.models) * 130 + 256);
+        text += "[Environment]\r\nTerrainWidth=" + std::to_string(layout_.terrainWidth) +
+                "\r\nTerrainWidthScale=" + Fixed1(layout_.gridRes) +
+                "\r\n\r\n[StaticModels]\r\nNumberOfStaticModels=" + std::to_string(layout_.models) +
                 "\r\n\r\n";
-        for (std::int32_t n = 1; n <= spec_.models; ++n)
+        for (std::int32_t n = 1; n <= layout_.models; ++n)
             AppendModel(text, n);
         return text;
     }
@@ -71,10 +71,10 @@ private:
 
     std::string ModelValue()
     {
-        if (Uniform(0, 1) < spec_.stockShare)
+        if (Uniform(0, 1) < layout_.stockShare)
             return kStockValues[std::uniform_int_distribution<std::size_t>(0, kStockValues.size() -
                                                                                   1)(rng_)];
-        const int stem = std::uniform_int_distribution<int>(0, spec_.stems - 1)(rng_);
+        const int stem = std::uniform_int_distribution<int>(0, layout_.stems - 1)(rng_);
         char buf[48];
         // Every third stem comes in variants, as trees and barns do.
         if (stem % 3 == 0)
@@ -88,11 +88,12 @@ private:
     // x and z inside the main tile, or on one of the tiles around it.
     std::pair<double, double> Ground()
     {
-        const double tile = spec_.gridRes * (spec_.terrainWidth == 6 ? 512 : 256);
-        const double start = spec_.terrainWidth == 6 ? tile : tile * (spec_.terrainWidth - 1) / 2.0;
+        const double tile = layout_.gridRes * (layout_.terrainWidth == 6 ? 512 : 256);
+        const double start =
+            layout_.terrainWidth == 6 ? tile : tile * (layout_.terrainWidth - 1) / 2.0;
         const double end = start + tile;
-        const double side = tile * spec_.terrainWidth;
-        if (Uniform(0, 1) < spec_.mainTileShare)
+        const double side = tile * layout_.terrainWidth;
+        if (Uniform(0, 1) < layout_.mainTileShare)
             return {Uniform(start, end), Uniform(start, end)};
         for (;;) {
             const double x = Uniform(0, side), z = Uniform(0, side);
@@ -104,7 +105,7 @@ private:
     // Look and up vectors as the scene editor writes them.
     std::pair<std::string, std::string> Orientation()
     {
-        if (Uniform(0, 1) >= spec_.tiltedShare) {
+        if (Uniform(0, 1) >= layout_.tiltedShare) {
             const double a = Uniform(-3.14159, 3.14159);
             return {Triple(std::sin(a), 0, std::cos(a), "%.3f,%g,%.3f"), "0,1,0"};
         }
@@ -125,7 +126,7 @@ private:
                 "\r\nLookVector=" + look + "\r\nUpVector=" + up + "\r\n\r\n";
     }
 
-    SceneSpec spec_;
+    SceneLayout layout_;
     std::mt19937 rng_;
 };
 
@@ -139,16 +140,17 @@ void WriteFile(const std::string& path, const std::string& bytes)
 
 } // namespace
 
-std::string GenerateScene(const SceneSpec& spec)
+std::string GenerateScene(const SceneLayout& layout)
 {
-    return Generator(spec).Scene();
+    return Generator(layout).Scene();
 }
 
-std::string WriteProject(const std::string& folder, const std::string& base, const SceneSpec& spec)
+std::string WriteProject(const std::string& folder, const std::string& base,
+                         const SceneLayout& layout)
 {
     const std::string prj = folder + "/" + base + ".prj";
     WriteFile(prj, "");
-    WriteFile(folder + "/" + base + ".scn", GenerateScene(spec));
+    WriteFile(folder + "/" + base + ".scn", GenerateScene(layout));
     return prj;
 }
 

@@ -8,7 +8,7 @@ namespace tos::bench {
 // What a generated scene holds. Defaults give the large scene the benchmarks
 // load: 30,000 models of 100 object stems and all four stock groups, half of
 // them on the main tile of a 5 x 5 terrain at grid resolution 3.0.
-struct SceneSpec {
+struct SceneLayout {
     std::int32_t models = 30000;
     int stems = 100;
     // Share of the models that are stock objects, spread over the four groups.
@@ -25,9 +25,10 @@ struct SceneSpec {
 // The scene text, CR LF line ends, in the order the scene editor writes it:
 // Environment, StaticModels, then Model1..Model<models>. Upright models have an
 // up vector of 0,1,0; tilted ones have look and up vectors off the axes, at right angles.
-std::string GenerateScene(const SceneSpec& spec);
+std::string GenerateScene(const SceneLayout& layout);
 
 // Writes <folder>/<base>.prj and <folder>/<base>.scn; returns the .prj path.
-std::string WriteProject(const std::string& folder, const std::string& base, const SceneSpec& spec);
+std::string WriteProject(const std::string& folder, const std::string& base,
+                         const SceneLayout& layout);
 
 } // namespace tos::bench
