@@ -29,20 +29,11 @@ std::string Stem(App& app, const std::string& modelValue)
 
 void FirstPass(App& app, MainForm& form, const TileWindow& window)
 {
-    const std::string& scn = app.state.ScnFile;
-    ForEachModelNumber(app, app.state.NumberOfStaticModels, [&](Int32 n) {
-        const std::string section = ModelSection(n);
-        const std::string value = app.profiles.GetINIString(section, "SLT", scn);
-        if (!IsCandidate(app, value))
-            return;
-        const std::string position = app.profiles.GetINIString(section, "Position", scn);
-        const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
-        const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
-        const bool inside = window.Contains(x, z);
-        const bool mainTile = app.main.chkMainTile.Value() == 1;
-        if (inside == mainTile)
-            form.lstSCNdata1.AddItem(Stem(app, value) + "|" + ModelNumberField(n));
-    });
+    ForEachModel(app, app.state.NumberOfStaticModels,
+                 [&](Int32 n, const std::string& section, const std::string& value) {
+                     if (IsCandidate(app, value) && IsInChosenTiles(app, window, section))
+                         form.lstSCNdata1.AddItem(Stem(app, value) + "|" + ModelNumberField(n));
+                 });
 }
 
 // Rows of one stem lie side by side in the sorted list, so a look at the next
@@ -76,11 +67,6 @@ void ThirdPass(App& app, MainForm& form)
 }
 
 } // namespace
-
-std::string ModelSection(Int32 n)
-{
-    return kModelPrefix + IntegerToText(n.value());
-}
 
 std::string ModelNumberField(Int32 n)
 {
@@ -116,26 +102,39 @@ TileWindow ReadTileWindowAndLinkScale(App& app)
     return w;
 }
 
-void ForEachModelNumber(App& app, Int32 count, const std::function<void(Int32)>& visit)
+void ForEachModel(
+    App& app, Int32 count,
+    const std::function<void(Int32, const std::string& section, const std::string& value)>& visit)
 {
+    const std::string& scn = app.state.ScnFile;
+    auto read = [&](Int32 n) {
+        const std::string section = kModelPrefix + IntegerToText(n.value());
+        visit(n, section, app.profiles.GetINIString(section, "SLT", scn));
+    };
     if (count < Int32(1))
         return;
-    const auto numbers = app.profiles.NumberedSections(app.state.ScnFile, kModelPrefix);
+    const auto numbers = app.profiles.NumberedSections(scn, kModelPrefix);
     if (!numbers) {
         for (Int32 n = 1; n <= count; ++n)
-            visit(n);
+            read(n);
         return;
     }
     for (const auto n : *numbers) {
-        if (n < 1)
-            continue;
         if (n > count.value())
             break;
-        visit(Int32(n));
+        read(Int32(n));
     }
     // The counted loop steps its counter once past the last value.
     if (count.value() == std::numeric_limits<std::int32_t>::max())
         Fail(err::Overflow);
+}
+
+bool IsInChosenTiles(App& app, const TileWindow& window, const std::string& section)
+{
+    const std::string position = app.profiles.GetINIString(section, "Position", app.state.ScnFile);
+    const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
+    const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
+    return window.Contains(x, z) == (app.main.chkMainTile.Value() == 1);
 }
 
 void GetSLTcount(App& app)
@@ -151,12 +150,11 @@ void GetSLTcount(App& app)
                 return;
             }
             s.NumberOfStaticModels = ToInt32(TextToNumber(value));
-            ForEachModelNumber(app, s.NumberOfStaticModels, [&](Int32 n) {
-                const std::string model =
-                    app.profiles.GetINIString(ModelSection(n), "SLT", s.ScnFile);
-                if (GetFileExtension(app.platform, UpperCase(model)) == "SLT")
-                    ++s.SLTcount;
-            });
+            ForEachModel(app, s.NumberOfStaticModels,
+                         [&](Int32, const std::string&, const std::string& value) {
+                             if (GetFileExtension(app.platform, UpperCase(value)) == "SLT")
+                                 ++s.SLTcount;
+                         });
             app.main.lblSLTcount.SetCaption(IntegerToText(s.SLTcount.value()));
         }))
         app.Message(TrapMessageColon("GetSLTcount", *f));

@@ -26,14 +26,19 @@ struct TileWindow {
 // sets the other. Division by a zero tile is failure 11 (6 for a zero size).
 TileWindow ReadTileWindowAndLinkScale(App& app);
 
-// Calls visit(n) for the model numbers 1..count, in ascending order, exactly as
-// a 32-bit counted loop from 1 to count would see them: numbers whose section
-// the scene lacks are skipped without being read, and a count of 2,147,483,647
-// ends in failure 6 when the counter steps past it.
-void ForEachModelNumber(App& app, Int32 count, const std::function<void(Int32)>& visit);
+// Reads the SLT value of Model1..Model<count> and calls visit(n, section, value),
+// with the outcome of a 32-bit counted loop over every number: numbers whose
+// section the scene lacks are skipped unread (visit must take nothing from a ""
+// value), and a count of 2,147,483,647 ends in failure 6 when the counter steps
+// past it. A scene that cannot be read is read number by number, so its
+// reader's message comes at every read.
+void ForEachModel(
+    App& app, Int32 count,
+    const std::function<void(Int32, const std::string& section, const std::string& value)>& visit);
 
-// "Model" followed by the number in plain decimal.
-std::string ModelSection(Int32 n);
+// Reads the Position of the section and answers whether the load takes the
+// model: inside the window with chkMainTile checked, outside it otherwise.
+bool IsInChosenTiles(App& app, const TileWindow& window, const std::string& section);
 
 // Model number as it stands in a record row: three digits at least.
 std::string ModelNumberField(Int32 n);

@@ -3,8 +3,6 @@
 #include "project/catalogue.h"
 #include "project/scene_models.h"
 #include "shell/app.h"
-#include "support/conversions.h"
-#include "support/elements.h"
 #include "support/failure.h"
 
 namespace tos {
@@ -32,22 +30,12 @@ void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
     if (auto f = Trap([&] {
             list.Clear();
             const TileWindow window = ReadTileWindowAndLinkScale(app);
-            const Int32 count = app.state.NumberOfStaticModels;
-            if (count <= Int32(0))
-                return;
-            const std::string& scn = app.state.ScnFile;
-            ForEachModelNumber(app, count, [&](Int32 n) {
-                const std::string section = ModelSection(n);
-                const std::string value = app.profiles.GetINIString(section, "SLT", scn);
-                if (!group.isMember(app, value))
-                    return;
-                const std::string position = app.profiles.GetINIString(section, "Position", scn);
-                const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
-                const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
-                const bool mainTile = app.main.chkMainTile.Value() == 1;
-                if (window.Contains(x, z) == mainTile)
-                    list.AddItem(ModelNumberField(n) + "|" + value);
-            });
+            ForEachModel(app, app.state.NumberOfStaticModels,
+                         [&](Int32 n, const std::string& section, const std::string& value) {
+                             if (group.isMember(app, value) &&
+                                 IsInChosenTiles(app, window, section))
+                                 list.AddItem(ModelNumberField(n) + "|" + value);
+                         });
         }))
         app.Message(TrapMessageColon(group.routine, *f));
 }
