@@ -2,9 +2,10 @@
 BUILD_DIR ?= build
 BUILD_TYPE ?= RelWithDebInfo
 JOBS ?= $(shell nproc)
+MAKEFLAGS += --no-print-directory
 WERROR := $(if $(CI),ON,OFF)
 
-.PHONY: all deps configure build run test bench format install package clean
+.PHONY: all deps configure build run test bench format package clean
 
 all: build
 
