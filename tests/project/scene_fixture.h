@@ -63,6 +63,7 @@ struct LoadFixture {
         platform.dialogAnswers.push_back(prj);
         app->main.btnBrowseProjectFile.Click.Fire();
     }
+    void Load(const std::string& name, const std::string& scene) { Load(name, scene.c_str()); }
     void Load(const std::string& scene) { Load("Scene", scene.c_str()); }
     std::vector<std::string> Messages() const { return platform.Texts(); }
 
