@@ -22,41 +22,27 @@ std::string Sized(const std::string& body, std::size_t size, const std::string& 
     return head + std::string(size - head.size() - tail.size(), 'x') + tail;
 }
 
-const std::string kBody = "[Sec]\r\n"
-                          " Key = \"Value\" \r\n"
-                          "A=b=c\r\n"
-                          "Q='quoted'\r\n"
-                          "Tab\t=t\r\n"
-                          "Lit=NotFound\r\n"
-                          "Long=" +
+const std::string kBody = "[Sec]\r\n Key = \"Value\" \r\nA=b=c\r\nQ='quoted'\r\nTab\t=t\r\n"
+                          "Lit=NotFound\r\nLong=" +
                           std::string(300, 'L') +
-                          "\r\n"
-                          "[Tail] ; note\r\n"
-                          "T=1\r\n"
-                          "[Dup]\r\n"
-                          "D=first\r\n"
-                          "[DUP]\r\n"
-                          "D=second\r\n"
-                          "E=only in second\r\n"
-                          "[Last]\r\n"
-                          "Z=9";
+                          "\r\n[Tail] ; note\r\nT=1\r\n[Dup]\r\nD=first\r\n[DUP]\r\nD=second\r\n"
+                          "E=only in second\r\n[Last]\r\nZ=9";
 
-TEST(Profile, TheTwoRoadsReadValuesTheirOwnWay)
-{
+class Profile : public ::testing::Test {
+protected:
     test::ScratchDir dir;
+    test::FakePlatform platform;
+    ProfileFiles profiles{platform};
+};
+
+TEST_F(Profile, TheTwoRoadsReadValuesTheirOwnWay)
+{
     const std::string small = dir.Write("small.scn", Sized(kBody, kSmall));
     const std::string large = dir.Write("large.scn", Sized(kBody, kLarge));
     ASSERT_EQ(std::filesystem::file_size(small), kSmall);
     ASSERT_EQ(std::filesystem::file_size(large), kLarge);
-
-    struct Row {
-        const char* section;
-        const char* key;
-        std::string firstRoad;
-        std::string ownRoad;
-    };
     // clang-format off
-    const Row rows[] = {
+    const struct { const char *section, *key; std::string firstRoad, ownRoad; } rows[] = {
         {"Sec",     "Key",     "Value",                 " \"Value\" "},
         {" sec ",   " KEY ",   "Value",                 " \"Value\" "},
         {"Sec",     "A",       "b=c",                   "b"},
@@ -72,112 +58,79 @@ TEST(Profile, TheTwoRoadsReadValuesTheirOwnWay)
         {"Last",    "Z",       "9",                     "9"},
     };
     // clang-format on
-    test::FakePlatform platform;
-    ProfileFiles profiles(platform);
     for (const auto& r : rows) {
-        EXPECT_EQ(profiles.GetINIString(r.section, r.key, small), r.firstRoad)
-            << r.section << "/" << r.key;
-        EXPECT_EQ(profiles.GetINIString(r.section, r.key, large), r.ownRoad)
-            << r.section << "/" << r.key;
+        EXPECT_EQ(profiles.GetINIString(r.section, r.key, small), r.firstRoad) << r.key;
+        EXPECT_EQ(profiles.GetINIString(r.section, r.key, large), r.ownRoad) << r.key;
+    }
+    // Only the first road knows other line ends.
+    for (const std::string eol : {"\n", "\r"}) {
+        const std::string body = "[S]" + eol + "K=v" + eol;
+        dir.Write("small.scn", Sized(body, kSmall, eol));
+        dir.Write("large.scn", Sized(body, kLarge, eol));
+        profiles.FlushProfileFile(small);
+        EXPECT_EQ(profiles.GetINIString("S", "K", small), "v");
+        EXPECT_EQ(profiles.GetINIString("S", "K", large), "");
     }
     EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST(Profile, OnlyTheFirstRoadKnowsOtherLineEnds)
+TEST_F(Profile, AChangedFileIsReadAgain)
 {
-    test::ScratchDir dir;
-    test::FakePlatform platform;
-    ProfileFiles profiles(platform);
-    for (const std::string eol : {"\n", "\r"}) {
-        const std::string body = "[S]" + eol + "K=v" + eol;
-        const std::string small = dir.Write("small.scn", Sized(body, kSmall, eol));
-        const std::string large = dir.Write("large.scn", Sized(body, kLarge, eol));
-        profiles.FlushProfileFile(small);
-        profiles.FlushProfileFile(large);
-        EXPECT_EQ(profiles.GetINIString("S", "K", small), "v");
-        EXPECT_EQ(profiles.GetINIString("S", "K", large), "");
-    }
-}
-
-TEST(Profile, AChangedLargeFileIsReadAgain)
-{
-    test::ScratchDir dir;
-    test::FakePlatform platform;
-    ProfileFiles profiles(platform);
+    auto write = [&](const char* name, const std::string& text, auto when) {
+        std::filesystem::last_write_time(dir.Write(name, text), when);
+    };
     const std::string large = dir.Write("large.scn", Sized("[S]\r\nK=old", kLarge));
     const std::string other = dir.Write("other.ini", "[S]\r\nK=other\r\n");
+    const auto when = std::filesystem::last_write_time(large) + std::chrono::seconds(1);
     EXPECT_EQ(profiles.GetINIString("S", "K", large), "old");
-    const auto when = std::filesystem::last_write_time(large);
-
-    // A new time of last change is seen by the next look at the file.
-    dir.Write("large.scn", Sized("[S]\r\nK=new", kLarge));
-    std::filesystem::last_write_time(large, when + std::chrono::seconds(1));
+    // A new time of last change is seen by the next look at the file; reading another
+    // file in between drops the look taken last.
+    write("large.scn", Sized("[S]\r\nK=new", kLarge), when);
     EXPECT_EQ(profiles.GetINIString("S", "K", other), "other");
     EXPECT_EQ(profiles.GetINIString("S", "K", large), "new");
-
     // Same length, same time: the held copy stands, also after a flush.
-    dir.Write("large.scn", Sized("[S]\r\nK=NEW", kLarge));
-    std::filesystem::last_write_time(large, when + std::chrono::seconds(1));
+    write("large.scn", Sized("[S]\r\nK=NEW", kLarge), when);
     EXPECT_EQ(profiles.GetINIString("S", "K", other), "other");
     EXPECT_EQ(profiles.GetINIString("S", "K", large), "new");
     profiles.FlushProfileFile(large);
     EXPECT_EQ(profiles.GetINIString("S", "K", large), "new");
-
-    // The same holds for the first road's parsed copy.
-    const auto otherWhen = std::filesystem::last_write_time(other);
-    dir.Write("other.ini", "[S]\r\nK=OTHER\r\n");
-    std::filesystem::last_write_time(other, otherWhen);
+    // The first road's parsed copy goes with a flush.
+    write("other.ini", "[S]\r\nK=OTHER\r\n", std::filesystem::last_write_time(other));
     EXPECT_EQ(profiles.GetINIString("S", "K", other), "other");
     profiles.FlushProfileFile(other);
     EXPECT_EQ(profiles.GetINIString("S", "K", other), "OTHER");
     EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST(Profile, AMissingFileShowsItsMessageAtEveryRead)
+TEST_F(Profile, AMissingFileAndALongLineShowTheirMessages)
 {
-    test::ScratchDir dir;
-    test::FakePlatform platform;
-    ProfileFiles profiles(platform);
     const std::string missing = dir.File("gone.scn");
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(profiles.GetINIString("S", "K", missing), "");
-    const std::string text =
-        "Unexpected error in GetINIString for file: " + missing + "  \nFile not found ( 53)";
-    EXPECT_EQ(platform.Texts(), std::vector<std::string>(3, text));
-}
-
-TEST(Profile, ALineBeyondSixteenBitPositionsShowsTheElementFailure)
-{
-    test::ScratchDir dir;
-    test::FakePlatform platform;
-    ProfileFiles profiles(platform);
+    std::vector<std::string> want(3, "Unexpected error in GetINIString for file: " + missing +
+                                         "  \nFile not found ( 53)");
+    // A line with "=" past 32,767 characters fails in the element walk, and the read goes on.
     const std::string body = "[S]\r\nK" + std::string(40000, 'x') + "=1\r\nQ=2\r\n";
-    const std::string large = dir.Write("large.scn", Sized(body, 70000));
-    EXPECT_EQ(profiles.GetINIString("S", "Q", large), "2");
-    EXPECT_EQ(platform.Texts(), std::vector<std::string>{"GetElement:  6 - 0"});
+    EXPECT_EQ(profiles.GetINIString("S", "Q", dir.Write("large.scn", Sized(body, 70000))), "2");
+    want.push_back("GetElement:  6 - 0");
+    EXPECT_EQ(platform.Texts(), want);
 }
 
-TEST(Profile, NumberedSectionsFollowEachRoadsMatching)
+TEST_F(Profile, NumberedSectionsFollowEachRoadsMatching)
 {
-    test::ScratchDir dir;
-    test::FakePlatform platform;
-    ProfileFiles profiles(platform);
     const std::string body = "[Model7]\r\nA=1\r\n[model1]\r\n[Model007]\r\n[Model 3]\r\n"
                              "[ModelX]\r\n[Model0]\r\n[Model-5]\r\n[Model2147483648]\r\n"
                              "[Model2147483647]\r\n[MODEL1]\r\n[Model12] ; note\r\n"
                              "[ Model4 ]\r\n[Modelo]\r\n";
     const std::string small = dir.Write("small.scn", Sized(body, kSmall));
     const std::string large = dir.Write("large.scn", Sized(body, kLarge));
-
-    EXPECT_EQ(profiles.NumberedSections(small, "Model"),
-              (std::vector<std::int32_t>{1, 7, 12, 2147483647}));
-    EXPECT_EQ(profiles.NumberedSections(large, "Model"),
-              (std::vector<std::int32_t>{1, 7, 2147483647}));
-    EXPECT_EQ(profiles.NumberedSections(large, "  MODEL "), (std::vector<std::int32_t>{3}));
+    using Numbers = std::vector<std::int32_t>;
+    EXPECT_EQ(profiles.NumberedSections(small, "Model"), (Numbers{1, 7, 12, 2147483647}));
+    EXPECT_EQ(profiles.NumberedSections(large, "Model"), (Numbers{1, 7, 2147483647}));
+    EXPECT_EQ(profiles.NumberedSections(large, "  MODEL "), (Numbers{3}));
     EXPECT_EQ(profiles.NumberedSections(dir.File("gone.scn"), "Model"), std::nullopt);
     // What it finds is what a read finds.
     EXPECT_EQ(profiles.GetINIString("Model7", "A", large), "1");
-    EXPECT_TRUE(platform.messages.empty());
 }
 
 } // namespace
