@@ -41,10 +41,11 @@ inline std::string SceneText(const std::vector<SceneModel>& models,
 
 // A started program whose folder is a scratch folder.
 struct LoadFixture {
-    LoadFixture()
+    // The catalogue file is written beside the program unless it is "".
+    explicit LoadFixture(const std::string& catalogue = "")
     {
         platform.programFolder = dir.Path().string();
-        Restart("");
+        Restart(catalogue);
     }
     // Writes the catalogue file beside the program and starts again.
     void Restart(const std::string& catalogue)
