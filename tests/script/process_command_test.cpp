@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <tuple>
 
 #include "build_fixture.h"
 
@@ -10,189 +11,108 @@ namespace tos {
 namespace {
 
 using test::BuildFixture;
-
+using Strings = std::vector<std::string>;
 using Pointers = std::vector<std::pair<FormId, int>>;
 const Pointers kHourglassAndBack{{FormId::Main, 11}, {FormId::Main, 0}};
 
-// A loaded form: one tree on the main tile, an option row for each stock group.
+// A loaded form: a tree on the main tile and an option row for each stock group;
+// the triple bales' model has a look that no turn can be worked out for.
 void Loaded(BuildFixture& f)
 {
-    f.Scene("[Model1]\r\nSLT=Tree.SLT\r\nPosition=1920,0,1920\r\nLookVector=-1,0,0\r\n"
-            "UpVector=0,1,0\r\n");
-    f.Rows(&MainForm::lstSCNdata2, {"Tree|001|001"});
-    for (auto list : {&MainForm::lstBillboards, &MainForm::lstBales, &MainForm::lstTripleBales,
-                      &MainForm::lst55GalDrums_TrashCans})
-        f.Rows(list, {"001|Tree.SLT"});
-    for (const char* row :
-         {"* Option 1:  All Stock Billboard Banners", "* Option 2:  All Stock Single Bales",
-          "* Option 3:  All Stock Triple Bales", "* Option 4:  All Stock 55Gal Drums/Trash Cans",
-          "Tree"})
+    f.Scene("[Model1]\r\nPosition=1920,0,1920\r\nLookVector=-1,0,0\r\nUpVector=0,1,0\r\n"
+            "[Model2]\r\nLookVector=1e303,0,0\r\n");
+    // clang-format off
+    for (const auto& [list, row] : {std::pair{&MainForm::lstSCNdata2, "Tree|001|001"}, {&MainForm::lstBillboards, "001|Tree.SLT"}, {&MainForm::lstBales, "001|Tree.SLT"},
+                                    {&MainForm::lstTripleBales, "002|Tree.SLT"}, {&MainForm::lst55GalDrums_TrashCans, "001|Tree.SLT"}})
+        f.Rows(list, {row});
+    for (const char* row : {"* Option 1:  All Stock Billboard Banners", "* Option 2:  All Stock Single Bales", "* Option 3:  All Stock Triple Bales", "* Option 4:  All Stock 55Gal Drums/Trash Cans", "Tree"})
         f.app.main.comboSelectObject.Items().AddItem(row);
+    // clang-format on
     ConnectProcessEvents(f.app);
 }
 
-TEST(ProcessCommand, ChecksTheFormInOrderAndTouchesNothing)
+TEST(ProcessCommand, ChecksTheFormThenRunsTheBuilderOfTheSelection)
 {
-    struct Row {
-        const char* maxFile;
-        const char* object;
-        const char* selection;
-        const char* message;
-    };
+    // txtMaxFile, txtMaxObjectName, selection; the message; the file written, "" when no
+    // builder may run; the rows of List2, which holds one row before.
     // clang-format off
-    const Row rows[] = {
-        {"",        "",     "",      "Please specify a Max file"},
-        {"",        "Tree", "Tree",  "Please specify a Max file"},
-        {" ",       "",     "",      "Please specify a Max object name"},
-        {"t.max",   " ",    "",      "Please select an Object to process"},
-        {"t.max",   "Tree", "Oak",   "Please select only from the Object List"},
-        {"t.max",   "Tree", "Tree ", "Please select only from the Object List"},
-        {"t.max",   "Tree", "* Option 5:  All Stock Single Bales", "Please select only from the Object List"},
+    const std::tuple<const char*, const char*, const char*, std::string, const char*, size_t> rows[] = {
+        {"",      "",     "",      "Please specify a Max file",               "", 1},
+        {" ",     "",     "",      "Please specify a Max object name",        "", 1},
+        {"t.max", " ",    "",      "Please select an Object to process",      "", 1},
+        {"t.max", "Tree", "Oak",   "Please select only from the Object List", "", 1},
+        {"t.max", "Tree", "Tree ", "Please select only from the Object List", "", 1},
+        {"t.max", "Tree", "Tree",  "", "Valley_Main_Tree.ms", 18},
+        {"t.max", "Tree", "TREE",  "", "Valley_Main_TREE.ms", 10},
+        {"t.max", "Tree", "* Option 1:  All Stock Billboard Banners",      "", "Valley_Main_Billboards.ms", 18},
+        {"t.max", "Tree", "* option 2:  ALL STOCK SINGLE BALES",           "", "Valley_Main_Bales.ms", 18},
+        {"t.max", "Tree", "* Option 3:  All Stock Triple Bales",           "Unexpected error in BuildTripleBaleScript \n\n 6 - Overflow", "Valley_Main_TripleBales.ms", 16},
+        {"t.max", "Tree", "* Option 4:  All Stock 55Gal Drums/Trash Cans", "", "Valley_Main_55GalDrums_TrashCans.ms", 18},
     };
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.message);
+    for (const auto& [maxFile, object, selection, message, fileName, size] : rows) {
+        SCOPED_TRACE(selection);
         BuildFixture f;
         Loaded(f);
-        f.app.main.txtMaxFile.SetText(row.maxFile);
-        f.app.main.txtMaxObjectName.SetText(row.object);
-        f.app.main.comboSelectObject.SetText(row.selection);
-        f.app.main.List2.AddItem("former script");
-        f.app.main.btnProcess.Click.Fire();
-        EXPECT_EQ(f.platform.Texts(), std::vector<std::string>{row.message});
-        EXPECT_TRUE(f.platform.pointerChanges.empty());
-        EXPECT_EQ(f.app.main.List2.Rows(), std::vector<std::string>{"former script"});
-        EXPECT_EQ(f.app.main.comboSelectObject.Text(), row.selection);
+        MainForm& form = f.app.main;
+        form.txtMaxFile.SetText(maxFile);
+        form.txtMaxObjectName.SetText(object);
+        form.comboSelectObject.SetText(selection);
+        form.List2.AddItem("former script");
+        form.btnProcess.Click.Fire();
+        const bool built = *fileName;
+        EXPECT_EQ(f.platform.Texts(), message.empty() ? Strings{} : Strings{message});
+        // The hourglass only around a builder, and the pointer back after it.
+        EXPECT_EQ(f.platform.pointerChanges, built ? kHourglassAndBack : Pointers{});
+        EXPECT_EQ(form.List2.Rows().size(), size);
+        EXPECT_EQ(f.app.state.ScriptFileName, built ? f.Written(fileName) : "");
+        EXPECT_EQ(std::filesystem::exists(f.app.state.ScriptFileName), built && message.empty());
+        EXPECT_EQ(form.comboSelectObject.Text(), selection);
     }
-}
-
-TEST(ProcessCommand, HandsTheSelectionToItsBuilderUnderTheHourglass)
-{
-    struct Row {
-        const char* selection;
-        const char* fileName;
-        size_t rows;
-    };
-    // clang-format off
-    const Row rows[] = {
-        {"Tree",                                          "Valley_Main_Tree.ms",                 18},
-        {"TREE",                                          "Valley_Main_TREE.ms",                 10},
-        {"* Option 1:  All Stock Billboard Banners",      "Valley_Main_Billboards.ms",           18},
-        {"* option 2:  ALL STOCK SINGLE BALES",           "Valley_Main_Bales.ms",                18},
-        {"* Option 3:  All Stock Triple Bales",           "Valley_Main_TripleBales.ms",          18},
-        {"* Option 4:  All Stock 55Gal Drums/Trash Cans", "Valley_Main_55GalDrums_TrashCans.ms", 18},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.selection);
-        BuildFixture f;
-        Loaded(f);
-        f.app.main.txtMaxFile.SetText("t.max");
-        f.app.main.txtMaxObjectName.SetText("Tree");
-        f.app.main.comboSelectObject.SetText(row.selection);
-        f.app.main.btnProcess.Click.Fire();
-        EXPECT_TRUE(f.platform.messages.empty());
-        EXPECT_EQ(f.platform.pointerChanges, kHourglassAndBack);
-        EXPECT_EQ(f.app.main.mousePointer, 0);
-        EXPECT_EQ(f.app.state.ScriptFileName, f.Written(row.fileName));
-        EXPECT_TRUE(std::filesystem::exists(f.Written(row.fileName)));
-        EXPECT_EQ(f.app.main.List2.Rows().size(), row.rows);
-    }
-}
-
-TEST(ProcessCommand, PointerComesBackAfterABuilderFailure)
-{
-    BuildFixture f;
-    Loaded(f);
-    f.app.main.txtMaxFile.SetText("t.max");
-    f.app.main.txtMaxObjectName.SetText("Tree");
-    f.app.main.comboSelectObject.SetText("Tree");
-    f.app.main.txtGridRes.SetText("0");
-    f.app.main.chkUseObjectScale.SetValue(0);
-    f.app.main.btnProcess.Click.Fire();
-    EXPECT_EQ(
-        f.platform.Texts(),
-        std::vector<std::string>{"Unexpected error in BuildScript \n\n 11 - Division by zero"});
-    EXPECT_EQ(f.platform.pointerChanges, kHourglassAndBack);
 }
 
 TEST(ObjectNameModes, TheNameFollowsTheRulingBox)
 {
-    enum Step { CheckTolvarine, CheckMax, UncheckTolvarine, UncheckMax, Select, TypeMaxFile };
-    struct Row {
-        std::vector<std::pair<Step, const char*>> steps;
-        const char* name;
-        int tolvarine;
-        int max;
-    };
+    // Steps: "T+" / "T-" checks or unchecks chkUseTolvarineName, "M+" / "M-" the
+    // same for chkUseMaxName; "S:text" selects, "F:text" types into txtMaxFile.
     // clang-format off
-    const Row rows[] = {
-        {{{Select, "Tree"}, {CheckTolvarine, ""}},                                  "Tree",                     1, 0},
-        {{{CheckTolvarine, ""}, {Select, "* Option 2:  All Stock Single Bales"}},   "* Option 2:  All Stock Single Bales", 1, 0},
-        {{{CheckTolvarine, ""}, {TypeMaxFile, "C:\\m\\Big Tree.max"}},              "",                         1, 0},
-        {{{TypeMaxFile, "C:\\m\\Big Tree.max"}, {CheckMax, ""}},                    "Big Tree",                 0, 1},
-        {{{CheckMax, ""}, {TypeMaxFile, "C:\\m\\Bar"}, {TypeMaxFile, "C:\\m\\Barn.m"}}, "Barn",                0, 1},
-        {{{CheckMax, ""}, {TypeMaxFile, "C:\\m\\"}},                                "",                         0, 1},
-        {{{Select, "Tree"}, {CheckTolvarine, ""}, {TypeMaxFile, "a\\b.max"}, {CheckMax, ""}}, "b",            0, 1},
-        {{{TypeMaxFile, "a\\b.max"}, {CheckMax, ""}, {Select, "Tree"}, {CheckTolvarine, ""}}, "Tree",         1, 0},
-        {{{Select, "Tree"}, {CheckTolvarine, ""}, {UncheckTolvarine, ""}, {Select, "Oak"}}, "Tree",           0, 0},
-        {{{CheckMax, ""}, {TypeMaxFile, "x.max"}, {UncheckMax, ""}, {TypeMaxFile, "y.max"}}, "x",             0, 0},
+    const std::tuple<std::vector<std::string>, const char*, int, int> rows[] = {
+        {{"T+", "S:* Option 2:  All Stock Single Bales"},     "* Option 2:  All Stock Single Bales", 1, 0},
+        {{"M+", "F:C:\\m\\Bar", "F:C:\\m\\Barn.m"},           "Barn",                                0, 1},
+        {{"S:Tree", "T+", "F:a\\Big b.max", "M+"},            "Big b",                               0, 1},
+        {{"F:a\\b.max", "M+", "S:Tree", "T+"},                "Tree",                                1, 0},
+        {{"S:Tree", "T+", "T-", "S:Oak"},                     "Tree",                                0, 0},
+        {{"M+", "F:x.max", "M-", "F:y.max"},                  "x",                                   0, 0},
     };
     // clang-format on
-    for (const Row& row : rows) {
+    for (const auto& [steps, name, tolvarine, max] : rows) {
+        SCOPED_TRACE(testing::PrintToString(steps));
         BuildFixture f;
         Loaded(f);
         MainForm& form = f.app.main;
-        for (const auto& [step, text] : row.steps) {
-            switch (step) {
-            case CheckTolvarine:
-                form.chkUseTolvarineName.SetValue(1);
-                break;
-            case CheckMax:
-                form.chkUseMaxName.SetValue(1);
-                break;
-            case UncheckTolvarine:
-                form.chkUseTolvarineName.SetValue(0);
-                break;
-            case UncheckMax:
-                form.chkUseMaxName.SetValue(0);
-                break;
-            case Select:
-                form.comboSelectObject.SetText(text);
-                break;
-            case TypeMaxFile:
-                form.txtMaxFile.SetText(text);
-                break;
-            }
+        for (const std::string& step : steps) {
+            if (step[0] == 'S')
+                form.comboSelectObject.SetText(step.substr(2));
+            else if (step[0] == 'F')
+                form.txtMaxFile.SetText(step.substr(2));
+            else
+                (step[0] == 'T' ? form.chkUseTolvarineName : form.chkUseMaxName)
+                    .SetValue(step[1] == '+');
         }
-        EXPECT_EQ(form.txtMaxObjectName.Text(), row.name) << &row - rows;
-        EXPECT_EQ(form.chkUseTolvarineName.Value(), row.tolvarine) << &row - rows;
-        EXPECT_EQ(form.chkUseMaxName.Value(), row.max) << &row - rows;
-    }
-}
-
-TEST(ObjectNameModes, EveryEventOfTheTwoBoxesRunsTheirRoutine)
-{
-    BuildFixture f;
-    Loaded(f);
-    MainForm& form = f.app.main;
-    form.chkUseTolvarineName.SetValue(1);
-    form.comboSelectObject.SetText("Tree");
-    ComboBox& combo = form.comboSelectObject;
-    for (Event* e : {&combo.Change, &combo.Click, &combo.DropDown, &combo.GotFocus,
-                     &combo.LostFocus, &combo.Scroll}) {
-        form.txtMaxObjectName.SetText("typed");
-        e->Fire();
-        EXPECT_EQ(form.txtMaxObjectName.Text(), "Tree");
-    }
-    form.txtMaxFile.SetText("C:\\m\\Rock.max");
-    form.chkUseMaxName.SetValue(1);
-    TextBox& maxFile = form.txtMaxFile;
-    for (Event* e : {&maxFile.Change, &maxFile.Click, &maxFile.DblClick, &maxFile.GotFocus,
-                     &maxFile.LostFocus}) {
-        form.txtMaxObjectName.SetText("typed");
-        e->Fire();
-        EXPECT_EQ(form.txtMaxObjectName.Text(), "Rock");
+        EXPECT_EQ(form.txtMaxObjectName.Text(), name);
+        EXPECT_EQ(form.chkUseTolvarineName.Value(), tolvarine);
+        EXPECT_EQ(form.chkUseMaxName.Value(), max);
+        // Every event of the ruling box's control puts the name back; no other event does.
+        ComboBox& c = form.comboSelectObject;
+        TextBox& t = form.txtMaxFile;
+        // clang-format off
+        for (const auto& [event, rules] : {std::pair{&c.Change, tolvarine}, {&c.Click, tolvarine}, {&c.DropDown, tolvarine}, {&c.GotFocus, tolvarine}, {&c.LostFocus, tolvarine}, {&c.Scroll, tolvarine},
+                                           {&t.Change, max}, {&t.Click, max}, {&t.DblClick, max}, {&t.GotFocus, max}, {&t.LostFocus, max}}) {
+            // clang-format on
+            form.txtMaxObjectName.SetText("typed");
+            event->Fire();
+            EXPECT_EQ(form.txtMaxObjectName.Text(), rules ? name : "typed");
+        }
     }
 }
 
