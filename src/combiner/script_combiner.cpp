@@ -1,7 +1,6 @@
 #include "combiner/script_combiner.h"
 
 #include <string_view>
-#include <vector>
 
 #include "shell/app.h"
 #include "shell/common_dialog.h"
@@ -22,27 +21,23 @@ void SetCompilerPointer(App& app, int pointer)
     app.compiler.formView.Notify();
 }
 
-// A line ends at CR or at CR LF, and neither belongs to the row; a line feed
-// alone is part of its row. Nothing follows a line end at the very end.
-std::vector<std::string> SplitScriptLines(std::string_view bytes)
+// Adds the lines of a script as rows. A line ends at CR or at CR LF, and neither
+// belongs to the row; a line feed alone is part of its row. Nothing follows a
+// line end at the very end of the text.
+void AddScriptLines(ListBox& list, std::string_view bytes)
 {
-    std::vector<std::string> rows;
     std::size_t start = 0;
-    std::size_t pos = 0;
-    while (pos < bytes.size()) {
-        if (bytes[pos] != '\r') {
-            ++pos;
-            continue;
+    while (start < bytes.size()) {
+        const std::size_t end = bytes.find('\r', start);
+        if (end == std::string_view::npos) {
+            list.AddItem(std::string(bytes.substr(start)));
+            return;
         }
-        rows.emplace_back(bytes.substr(start, pos - start));
-        ++pos;
-        if (pos < bytes.size() && bytes[pos] == '\n')
-            ++pos;
-        start = pos;
+        list.AddItem(std::string(bytes.substr(start, end - start)));
+        start = end + 1;
+        if (start < bytes.size() && bytes[start] == '\n')
+            ++start;
     }
-    if (start < bytes.size())
-        rows.emplace_back(bytes.substr(start));
-    return rows;
 }
 
 } // namespace
@@ -77,11 +72,9 @@ void AddScriptFile(App& app, const std::string& path)
     auto failure = Trap([&] {
         SetCompilerPointer(app, kPointerHourglass);
         app.profiles.FlushProfileFile(path);
-        // The whole file is read and closed before any row is added.
-        const std::vector<std::string> rows = SplitScriptLines(ReadWholeFile(path));
+        // The file is read whole and closed before the first row is added.
         ListBox& list = app.compiler.lstMaxScripts;
-        for (const auto& row : rows)
-            list.AddItem(row);
+        AddScriptLines(list, ReadWholeFile(path));
         list.AddItem("");
         list.AddItem("");
     });

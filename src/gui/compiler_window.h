@@ -3,9 +3,6 @@
 #include <QDialog>
 
 class QCloseEvent;
-class QGroupBox;
-class QListWidget;
-class QPushButton;
 
 namespace tos {
 struct App;
@@ -32,14 +29,8 @@ protected:
 private:
     void BuildControls();
     void SyncForm();
-    void SyncList();
 
     App& app_;
-    QGroupBox* frame_ = nullptr;
-    QListWidget* list_ = nullptr;
-    QPushButton* addFile_ = nullptr;
-    QPushButton* saveAs_ = nullptr;
-    QPushButton* done_ = nullptr;
 };
 
 } // namespace tos::gui

@@ -13,6 +13,7 @@
 #include <QPushButton>
 
 #include "gui/cp1252.h"
+#include "gui/qt_platform.h"
 
 namespace tos::gui {
 
@@ -116,11 +117,14 @@ void PaintFont(const Control& control, QWidget* widget)
     if (font.name.empty())
         return;
     QFont f = widget->font();
-    f.setFamily(QString::fromStdString(font.name));
+    // Where the named face is missing, the desktop's face of the same kind
+    // stands in: a script list must stay fixed-pitch.
+    const bool fixedPitch = font.name.find("Courier") != std::string::npos;
+    f.setFamilies({QString::fromStdString(font.name),
+                   fixedPitch ? QStringLiteral("monospace") : QStringLiteral("sans-serif")});
     if (font.points > 0)
         f.setPointSize(font.points);
-    f.setStyleHint(font.name.find("Courier") != std::string::npos ? QFont::TypeWriter
-                                                                  : QFont::SansSerif);
+    f.setStyleHint(fixedPitch ? QFont::TypeWriter : QFont::SansSerif);
     if (f != widget->font())
         widget->setFont(f);
 }
@@ -256,6 +260,15 @@ QComboBox* MakeComboBox(ComboBox& box, QWidget* parent)
     });
     new EventRelay(w, &box.GotFocus, &box.LostFocus, nullptr, nullptr);
     return w;
+}
+
+void PlaceAndPoint(QWidget* window, int leftTwips, int topTwips, int pointer)
+{
+    window->move(TwipsToPixels(leftTwips), TwipsToPixels(topTwips));
+    if (pointer == kPointerHourglass)
+        window->setCursor(Qt::WaitCursor);
+    else
+        window->unsetCursor();
 }
 
 RowsModel::RowsModel(const ListBox& list, QObject* parent)

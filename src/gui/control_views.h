@@ -28,6 +28,10 @@ QLineEdit* MakeTextBox(TextBox& box, QWidget* parent);
 QComboBox* MakeComboBox(ComboBox& box, QWidget* parent);
 QListView* MakeListBox(ListBox& list, QWidget* parent);
 
+// Puts a form's window where the form stands (in twips) and shows the wait
+// cursor over it while the form's pointer is the hourglass.
+void PlaceAndPoint(QWidget* window, int leftTwips, int topTwips, int pointer);
+
 // The rows of a list box as an item model, read straight from the list.
 class RowsModel : public QAbstractListModel {
 public:

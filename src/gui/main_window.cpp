@@ -12,7 +12,6 @@
 
 #include "gui/control_views.h"
 #include "gui/cp1252.h"
-#include "gui/qt_platform.h"
 #include "shell/app.h"
 
 namespace tos::gui {
@@ -138,12 +137,7 @@ void MainWindow::BuildOutputFrames()
 void MainWindow::SyncForm()
 {
     const MainForm& f = app_.main;
-    const double tpp = QtPlatform::TwipsPerPixel();
-    move(static_cast<int>(f.left / tpp), static_cast<int>(f.top / tpp));
-    if (f.mousePointer == kPointerHourglass)
-        setCursor(Qt::WaitCursor);
-    else
-        unsetCursor();
+    PlaceAndPoint(this, f.left, f.top, f.mousePointer);
     if (f.visible != isVisible())
         setVisible(f.visible);
 }

@@ -11,6 +11,8 @@
 #include <QSettings>
 #include <QUrl>
 
+#include <cmath>
+
 #include "gui/cp1252.h"
 
 namespace tos::gui {
@@ -160,6 +162,11 @@ double QtPlatform::TwipsPerPixel()
     const QScreen* screen = QGuiApplication::primaryScreen();
     const double dpi = screen ? screen->logicalDotsPerInch() : 96.0;
     return dpi > 0 ? kTwipsPerInch / dpi : 15.0;
+}
+
+int TwipsToPixels(double twips)
+{
+    return static_cast<int>(std::lround(twips / QtPlatform::TwipsPerPixel()));
 }
 
 ScreenSize QtPlatform::Screen()

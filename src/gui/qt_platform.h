@@ -44,6 +44,9 @@ private:
     bool waitCursor_ = false;
 };
 
+// A length in twips as whole pixels of the primary screen.
+int TwipsToPixels(double twips);
+
 // Paths cross to the core in the file system's own encoding, so the core can
 // open what the dialog chose.
 std::string PathToCore(const QString& path);
