@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+#include "support/case_blind.h"
+
 namespace tos {
 
 namespace {
@@ -133,14 +135,13 @@ Digits15 SignificantDigits(double magnitude)
     return out;
 }
 
-std::string_view Trimmed(std::string_view t, bool left, bool right)
+// Half to even (the default rounding mode), then the range test.
+template <class Rep> CheckedInt<Rep> RoundedTo(double value)
 {
-    std::size_t b = 0, e = t.size();
-    while (left && b < e && t[b] == ' ')
-        ++b;
-    while (right && e > b && t[e - 1] == ' ')
-        --e;
-    return t.substr(b, e - b);
+    const double r = std::nearbyint(value);
+    if (!(r >= std::numeric_limits<Rep>::min() && r <= std::numeric_limits<Rep>::max()))
+        Fail(err::Overflow);
+    return CheckedInt<Rep>(static_cast<Rep>(r));
 }
 
 } // namespace
@@ -214,18 +215,12 @@ double RoundHalfEven(double value, int decimals)
 
 Int16 ToInt16(double value)
 {
-    const double r = std::nearbyint(value);
-    if (!(r >= -32768.0 && r <= 32767.0))
-        Fail(err::Overflow);
-    return Int16(static_cast<std::int16_t>(r));
+    return RoundedTo<std::int16_t>(value);
 }
 
 Int32 ToInt32(double value)
 {
-    const double r = std::nearbyint(value);
-    if (!(r >= -2147483648.0 && r <= 2147483647.0))
-        Fail(err::Overflow);
-    return Int32(static_cast<std::int32_t>(r));
+    return RoundedTo<std::int32_t>(value);
 }
 
 double FloorNumber(double value)
@@ -353,17 +348,19 @@ std::string UpperCase(std::string_view text)
 
 std::string TrimBlanks(std::string_view text)
 {
-    return std::string(Trimmed(text, true, true));
+    return std::string(TrimmedView(text));
 }
 
 std::string TrimLeftBlanks(std::string_view text)
 {
-    return std::string(Trimmed(text, true, false));
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    return std::string(text);
 }
 
 std::string TrimRightBlanks(std::string_view text)
 {
-    return std::string(Trimmed(text, false, true));
+    // A text of blanks only finds npos, and npos + 1 is 0: nothing is left.
+    return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 std::string LeftPart(std::string_view text, long long count)

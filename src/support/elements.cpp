@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "support/case_blind.h"
 #include "support/conversions.h"
 #include "support/element_view.h"
 #include "support/failure.h"
@@ -39,6 +40,17 @@ constexpr long long kToEnd = std::numeric_limits<long long>::max();
 bool IsSeparator(char c)
 {
     return c == '\\' || (kPathSeparator == '/' && c == '/');
+}
+
+// The message boxes of the two walks' traps.
+void ShowElementFailure(Platform& platform, int number)
+{
+    platform.ShowMessage({"GetElement: " + SignedIntegerText(number) + " - 0"});
+}
+
+void ShowNextElementFailure(Platform& platform, int number)
+{
+    platform.ShowMessage({"GetNextElement: " + SignedIntegerText(number) + " 0"});
 }
 
 } // namespace
@@ -94,7 +106,7 @@ std::string_view ElementOrMessage(Platform& platform, std::string_view text, std
 {
     const ElementView e = ElementAt(text, delim, index);
     if (e.failure != 0)
-        platform.ShowMessage({"GetElement: " + SignedIntegerText(e.failure) + " - 0"});
+        ShowElementFailure(platform, e.failure);
     return e.value;
 }
 
@@ -103,7 +115,7 @@ std::string_view NextElementOrMessage(Platform& platform, std::string_view text,
 {
     const ElementView e = NextElementAt(text, delim, position);
     if (e.failure != 0)
-        platform.ShowMessage({"GetNextElement: " + SignedIntegerText(e.failure) + " 0"});
+        ShowNextElementFailure(platform, e.failure);
     return e.value;
 }
 
@@ -118,7 +130,7 @@ std::string GetElement(Platform& platform, std::string_view text, std::string_vi
         result.assign(e.value);
     });
     if (failure) {
-        platform.ShowMessage({"GetElement: " + SignedIntegerText(failure->Number()) + " - 0"});
+        ShowElementFailure(platform, failure->Number());
         return "";
     }
     return result;
@@ -137,7 +149,7 @@ std::string GetNextElement(Platform& platform, std::string_view text, std::strin
         position = Int32(at);
     });
     if (failure) {
-        platform.ShowMessage({"GetNextElement: " + SignedIntegerText(failure->Number()) + " 0"});
+        ShowNextElementFailure(platform, failure->Number());
         return "";
     }
     return result;
@@ -171,11 +183,7 @@ std::string GetBaseName(Platform&, std::string_view path)
 {
     std::string result;
     Trap([&] {
-        std::string_view t = path;
-        while (!t.empty() && t.front() == ' ')
-            t.remove_prefix(1);
-        while (!t.empty() && t.back() == ' ')
-            t.remove_suffix(1);
+        std::string_view t = TrimmedView(path);
         if (const auto colon = t.find(':'); colon != std::string_view::npos)
             t.remove_prefix(colon + 1);
         for (std::size_t i = t.size(); i > 0; --i) {

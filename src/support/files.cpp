@@ -88,10 +88,9 @@ std::int64_t FileLength(const std::string& path)
 
 std::optional<std::string> FileStamp(const std::string& path)
 {
-    struct stat st {};
-    if (::stat(path.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
-        return std::nullopt;
-    return StampText(st);
+    std::optional<std::string> stamp;
+    Trap([&] { stamp = GetFileFacts(path).stamp; });
+    return stamp;
 }
 
 FileFacts GetFileFacts(const std::string& path)

@@ -128,8 +128,7 @@ std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const st
     Impl& s = *impl_;
     // A lookup trims the whole name; the digits end it, so only the prefix's start matters.
     std::string_view head = prefix;
-    while (!head.empty() && head.front() == ' ')
-        head.remove_prefix(1);
+    head.remove_prefix(std::min(head.find_first_not_of(' '), head.size()));
 
     std::vector<std::int32_t> numbers;
     auto consider = [&](std::string_view name) {
