@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <tuple>
 
 #include "build_fixture.h"
 #include "script/builder.h"
@@ -12,124 +13,75 @@ namespace {
 
 using test::BuildFixture;
 using test::ReadBytes;
+using Strings = std::vector<std::string>;
 
-std::string ModelSection(int n, const std::string& position, const std::string& look = "-1,0,0")
+std::string Model(int n, const std::string& position, const std::string& look)
 {
-    return "[Model" + std::to_string(n) + "]\r\nSLT=Tree.SLT\r\nPosition=" + position +
-           "\r\nLookVector=" + look + "\r\nUpVector=0,1,0\r\n";
+    return "[Model" + std::to_string(n) + "]\r\nPosition=" + position + "\r\nLookVector=" + look +
+           "\r\nUpVector=0,1,0\r\n";
 }
 
-// Two models of Tree on the main tile, ready to build.
-void TwoTrees(BuildFixture& f, const std::string& secondLook = "0,0,1")
+// Each build starts from two trees on the main tile, a former script in List2 and a
+// former file of the name the build takes.
+TEST(BuildScript, StopsWhereAFailureArisesAndNeverSpoilsAFormerFile)
 {
-    f.Scene(ModelSection(1, "1920,0,1920") + ModelSection(2, "2000,0,1900", secondLook));
-    f.Rows(&MainForm::lstSCNdata2, {"Tree|001|001", "Tree|002|002"});
-    f.app.main.comboSelectObject.SetText("Tree");
-    f.app.main.txtMaxFile.SetText("C:\\m\\tree.max");
-    f.app.main.txtMaxObjectName.SetText("Tree");
-}
-
-std::string Trap(int number, const char* description, const char* routine = "BuildScript")
-{
-    return std::string("Unexpected error in ") + routine + " \n\n " + std::to_string(number) +
-           " - " + description;
-}
-
-TEST(BuildScript, FailuresStopTheBuildWhereTheyArise)
-{
-    struct Row {
-        const char* what;
-        std::function<void(BuildFixture&)> setUp;
-        void (*build)(App&);
-        std::string message;
-        int rowsLeft;
-        std::string lastRow;
-    };
-    const auto perimeterAt = [](const char* gridRes, const char* position) {
-        return [=](BuildFixture& f) {
-            f.Scene(ModelSection(1, position));
-            f.app.main.chkMainTile.SetValue(0);
-            f.app.main.txtGridRes.SetText(gridRes);
+    using SetUp = std::function<void(BuildFixture&, MainForm&)>;
+    const auto perimeterAt = [](const char* gridRes, const char* x) -> SetUp {
+        return [=](BuildFixture& f, MainForm& form) {
+            f.Scene(Model(1, std::string(x) + ",0,0", "-1,0,0"));
+            form.chkMainTile.SetValue(0);
+            form.txtGridRes.SetText(gridRes);
         };
     };
+    const SetUp noTile = [](BuildFixture&, MainForm& form) {
+        form.txtGridRes.SetText("0");
+        form.chkUseObjectScale.SetValue(0);
+    };
     // clang-format off
-    const Row rows[] = {
-        {"no tile, grid size rules",   [](BuildFixture& f) { f.app.main.txtGridRes.SetText("0"); f.app.main.chkUseObjectScale.SetValue(0); },
-                                       BuildScript, Trap(11, "Division by zero"), 0, ""},
-        {"no tile and no grid size",   [](BuildFixture& f) { f.app.main.txtGridRes.SetText("0"); f.app.main.chkUseObjectScale.SetValue(0);
-                                                             f.app.main.txtGridSize.SetText("0"); },
-                                       BuildScript, Trap(6, "Overflow"), 0, ""},
-        {"fold on a tile of 0",        perimeterAt("0", "5,0,0"),         BuildScript, Trap(11, "Division by zero"), 10, ""},
-        {"fold past 32767 tiles",      perimeterAt("3", "30720000,0,0"),  BuildScript, Trap(6, "Overflow"), 10, ""},
-        {"a copy's turn overflows",    [](BuildFixture& f) { f.Scene(ModelSection(1, "1920,0,1920") + ModelSection(2, "0,0,0", "1e303,0,0")); },
-                                       BuildScript, Trap(6, "Overflow"), 18, "$Tree01.pos = [-1920.000000,1920.000000,0.000000]"},
-        {"the first object's turn",    [](BuildFixture& f) { f.Scene(ModelSection(1, "1920,0,1920", "1e303,0,0") + ModelSection(2, "0,0,0")); },
-                                       BuildScript, Trap(6, "Overflow"), 19, ""},
-        {"stock builder's own name",   [](BuildFixture& f) { f.app.main.txtGridRes.SetText("0"); f.app.main.chkUseObjectScale.SetValue(0); },
-                                       BuildTripleBaleScript, Trap(11, "Division by zero", "BuildTripleBaleScript"), 0, ""},
+    const std::tuple<const char*, SetUp, void (*)(App&), Strings, const char*, int, std::string, bool> rows[] = {
+        {"saved over a former file", [](BuildFixture&, MainForm&) {},
+                                     BuildScript, {},                                   "Valley_Main_Tree.ms", 23, "rotate $Tree (angleaxis 90 [0,0,1])", true},
+        {"not saved",                [](BuildFixture& f, MainForm&) { f.app.state.SaveToFile = false; },
+                                     BuildScript, {},                                   "Valley_Main_Tree.ms", 23, "rotate $Tree (angleaxis 90 [0,0,1])", false},
+        {"read-only file",           [](BuildFixture& f, MainForm&) { std::filesystem::permissions(f.Written("Valley_Main_Tree.ms"), std::filesystem::perms(0444)); },
+                                     BuildScript, {"Unexpected error in BuildScript \n\n 75 - Path/File access error"}, "Valley_Main_Tree.ms", 23, "rotate $Tree (angleaxis 90 [0,0,1])", false},
+        {"empty selection",          [](BuildFixture&, MainForm& form) { form.comboSelectObject.SetText(""); },
+                                     BuildScript, {"Invalid Object Name"},              "Valley_Main_Tree.ms", 1,  "former script", false},
+        {"no tile, grid size rules", noTile,
+                                     BuildScript, {"Unexpected error in BuildScript \n\n 11 - Division by zero"},      "Valley_Main_Tree.ms", 0,  "", false},
+        {"no tile and no grid size", [&](BuildFixture& f, MainForm& form) { noTile(f, form); form.txtGridSize.SetText("0"); },
+                                     BuildScript, {"Unexpected error in BuildScript \n\n 6 - Overflow"},               "Valley_Main_Tree.ms", 0,  "", false},
+        {"fold on a tile of 0",      perimeterAt("0", "5"),
+                                     BuildScript, {"Unexpected error in BuildScript \n\n 11 - Division by zero"},      "Valley_Per_Tree.ms",  10, "", false},
+        {"fold past 32767 tiles",    perimeterAt("3", "30720000"),
+                                     BuildScript, {"Unexpected error in BuildScript \n\n 6 - Overflow"},               "Valley_Per_Tree.ms",  10, "", false},
+        {"a copy's turn overflows",  [](BuildFixture& f, MainForm&) { f.Scene(Model(1, "1920,0,1920", "-1,0,0") + Model(2, "0,0,0", "1e303,0,0")); },
+                                     BuildScript, {"Unexpected error in BuildScript \n\n 6 - Overflow"},               "Valley_Main_Tree.ms", 18, "$Tree01.pos = [-1920.000000,1920.000000,0.000000]", false},
+        {"the first object's turn",  [](BuildFixture& f, MainForm&) { f.Scene(Model(1, "1920,0,1920", "1e303,0,0") + Model(2, "0,0,0", "-1,0,0")); },
+                                     BuildScript, {"Unexpected error in BuildScript \n\n 6 - Overflow"},               "Valley_Main_Tree.ms", 19, "", false},
+        {"stock builder's own name", noTile,
+                                     BuildTripleBaleScript, {"Unexpected error in BuildTripleBaleScript \n\n 11 - Division by zero"}, "Valley_Main_TripleBales.ms", 0, "", false},
     };
     // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [what, setUp, build, messages, fileName, rowsLeft, lastRow, replaced] : rows) {
+        SCOPED_TRACE(what);
         BuildFixture f;
-        TwoTrees(f);
+        MainForm& form = f.app.main;
+        f.Scene(Model(1, "1920,0,1920", "0,0,-1") + Model(2, "2000,0,1900", "0,0,1"));
+        f.Rows(&MainForm::lstSCNdata2, {"Tree|001|001", "Tree|002|002"});
         f.Rows(&MainForm::lstTripleBales, {"001|TripleBale01.SLB"});
-        row.setUp(f);
-        row.build(f.app);
-        ASSERT_EQ(f.platform.Texts(), std::vector<std::string>{row.message});
-        ASSERT_EQ(f.app.main.List2.ListCount().value(), row.rowsLeft);
-        if (row.rowsLeft > 0) {
-            EXPECT_EQ(f.app.main.List2.Rows().back(), row.lastRow);
-        }
-        EXPECT_FALSE(std::filesystem::exists(f.app.state.ScriptFileName));
-    }
-}
-
-TEST(BuildScript, AnEmptySelectionChangesNothing)
-{
-    BuildFixture f;
-    TwoTrees(f);
-    f.app.main.comboSelectObject.SetText("");
-    f.app.main.List2.AddItem("former script");
-    f.app.state.ScriptFileName = "former";
-    BuildScript(f.app);
-    EXPECT_EQ(f.platform.Texts(), std::vector<std::string>{"Invalid Object Name"});
-    EXPECT_EQ(f.app.main.List2.Rows(), std::vector<std::string>{"former script"});
-    EXPECT_EQ(f.app.state.ScriptFileName, "former");
-}
-
-TEST(BuildScript, SavingOnlyWhenAskedAndNeverOverAReadOnlyFile)
-{
-    BuildFixture reference;
-    TwoTrees(reference);
-    BuildScript(reference.app);
-    const std::string script = reference.ScriptBytes();
-    ASSERT_EQ(ReadBytes(reference.Written("Valley_Main_Tree.ms")), script);
-
-    struct Row {
-        const char* what;
-        bool save;
-        bool readOnly;
-        std::vector<std::string> messages;
-    };
-    // clang-format off
-    const Row rows[] = {
-        {"not saved",      false, false, {}},
-        {"read-only file", true,  true,  {Trap(75, "Path/File access error")}},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
-        BuildFixture f;
-        TwoTrees(f);
-        f.app.state.SaveToFile = row.save;
-        const std::string target = f.dir.Write("Valley_Main_Tree.ms", "old script\r\n");
-        if (row.readOnly)
-            std::filesystem::permissions(target, std::filesystem::perms(0444));
-        BuildScript(f.app);
-        EXPECT_EQ(f.platform.Texts(), row.messages);
-        EXPECT_EQ(f.ScriptBytes(), script);
-        EXPECT_EQ(ReadBytes(target), "old script\r\n");
+        form.comboSelectObject.SetText("Tree");
+        form.txtMaxFile.SetText("C:\\m\\tree.max");
+        form.txtMaxObjectName.SetText("Tree");
+        form.List2.AddItem("former script");
+        f.app.state.ScriptFileName = f.dir.Write(fileName, "old script\r\n");
+        setUp(f, form);
+        build(f.app);
+        EXPECT_EQ(f.platform.Texts(), messages);
+        EXPECT_EQ(f.app.state.ScriptFileName, f.Written(fileName));
+        ASSERT_EQ(form.List2.ListCount().value(), rowsLeft);
+        EXPECT_EQ(rowsLeft ? form.List2.Rows().back() : "", lastRow);
+        EXPECT_EQ(ReadBytes(f.Written(fileName)), replaced ? f.ScriptBytes() : "old script\r\n");
     }
 }
 
