@@ -70,7 +70,7 @@ void CompilerWindow::SyncForm()
     const CompilerForm& form = app_.compiler;
     if (!form.visible && isVisible())
         hide();
-    PlaceAndPoint(this, form.left, form.top, form.mousePointer);
+    placement_.Sync(this, form.left, form.top, form.mousePointer);
 }
 
 void CompilerWindow::closeEvent(QCloseEvent* event)

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include "gui/control_views.h"
+
 class QCloseEvent;
 
 namespace tos {
@@ -31,6 +33,7 @@ private:
     void SyncForm();
 
     App& app_;
+    FormPlacement placement_;
 };
 
 } // namespace tos::gui

@@ -262,9 +262,12 @@ QComboBox* MakeComboBox(ComboBox& box, QWidget* parent)
     return w;
 }
 
-void PlaceAndPoint(QWidget* window, int leftTwips, int topTwips, int pointer)
+void FormPlacement::Sync(QWidget* window, int leftTwips, int topTwips, int pointer)
 {
-    window->move(TwipsToPixels(leftTwips), TwipsToPixels(topTwips));
+    if (placed_ != std::pair(leftTwips, topTwips)) {
+        placed_ = std::pair(leftTwips, topTwips);
+        window->move(TwipsToPixels(leftTwips), TwipsToPixels(topTwips));
+    }
     if (pointer == kPointerHourglass)
         window->setCursor(Qt::WaitCursor);
     else

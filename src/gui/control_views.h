@@ -2,6 +2,8 @@
 
 #include <QAbstractListModel>
 #include <functional>
+#include <optional>
+#include <utility>
 
 #include "shell/controls.h"
 
@@ -28,9 +30,16 @@ QLineEdit* MakeTextBox(TextBox& box, QWidget* parent);
 QComboBox* MakeComboBox(ComboBox& box, QWidget* parent);
 QListView* MakeListBox(ListBox& list, QWidget* parent);
 
-// Puts a form's window where the form stands (in twips) and shows the wait
-// cursor over it while the form's pointer is the hourglass.
-void PlaceAndPoint(QWidget* window, int leftTwips, int topTwips, int pointer);
+// Mirrors a form's position (in twips) and mouse pointer on its window. Only a
+// new position of the form moves the window, so a window the user has dragged
+// stays where it is when the pointer changes for a load or a build.
+class FormPlacement {
+public:
+    void Sync(QWidget* window, int leftTwips, int topTwips, int pointer);
+
+private:
+    std::optional<std::pair<int, int>> placed_;
+};
 
 // The rows of a list box as an item model, read straight from the list.
 class RowsModel : public QAbstractListModel {

@@ -137,7 +137,7 @@ void MainWindow::BuildOutputFrames()
 void MainWindow::SyncForm()
 {
     const MainForm& f = app_.main;
-    PlaceAndPoint(this, f.left, f.top, f.mousePointer);
+    placement_.Sync(this, f.left, f.top, f.mousePointer);
     if (f.visible != isVisible())
         setVisible(f.visible);
 }

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "gui/control_views.h"
+
 class QCloseEvent;
 
 namespace tos {
@@ -33,6 +35,7 @@ private:
     void SyncForm();
 
     App& app_;
+    FormPlacement placement_;
 };
 
 } // namespace tos::gui

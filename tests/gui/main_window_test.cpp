@@ -217,7 +217,10 @@ TEST_F(MainWindowTest, ProjectLoadFillsTheObjectListAndOpensProcess)
                                 "[Model2]\r\nSLT=Barn.SLT\r\nPosition=1600,0,1700\r\n"
                                 "[Model3]\r\nSLT=Fox03.SLB\r\nPosition=1700,0,1800\r\n");
     platform.answers.push_back(project);
+    const QPoint dragged = window.pos() + QPoint(7, 9);
+    window.move(dragged);
     QTest::mouseClick(Find<QPushButton>("btnBrowseProjectFile"), Qt::LeftButton);
+    EXPECT_EQ(window.pos(), dragged);
     QApplication::processEvents();
 
     auto* combo = Find<QComboBox>("comboSelectObject");
