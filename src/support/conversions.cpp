@@ -84,8 +84,9 @@ bool AtLeastOne(std::string_view number)
     return order + exponent >= 0;
 }
 
-// The correctly rounded double of a plain decimal text ("-12.5e-3" form). The C
-// library's reader is no help out of range: it follows the locale's decimal mark.
+// The correctly rounded double of a plain decimal text ("-12.5e-3" form). Not strtod:
+// it reads the decimal mark of the C locale, which a desktop toolkit may have switched
+// to the user's.
 double DecimalValue(const std::string& number)
 {
     double v = 0;
