@@ -3,179 +3,104 @@
 #include "common/fake_platform.h"
 #include "common/scratch.h"
 #include "shell/app.h"
-#include "shell/common_dialog.h"
-#include "shell/form_events.h"
 #include "shell/startup.h"
 
 namespace tos {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 struct FormEventsTest : ::testing::Test {
     FormEventsTest() { Main(app); }
-    // A user's click on a check box turns it over.
-    static void Click(CheckBox& box) { box.SetValue(box.Checked() ? 0 : 1); }
-
     test::FakePlatform platform;
     App app{platform};
+    MainForm& f = app.main;
 };
 
-TEST_F(FormEventsTest, TileBoxesStayOpposite)
+TEST_F(FormEventsTest, TileBoxesStayOppositeAndTheScaleBoxLocksOneOfTwo)
 {
-    CheckBox& main = app.main.chkMainTile;
-    CheckBox& perimeter = app.main.chkPerimeterTile;
-    struct Row {
-        CheckBox* clicked;
-        int mainAfter;
-    };
-    // clang-format off
-    const Row rows[] = {
-        {&main,      0},
-        {&main,      1},
-        {&perimeter, 0},
-        {&perimeter, 1},
-        {&perimeter, 0},
-        {&main,      1},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        Click(*row.clicked);
-        EXPECT_EQ(main.Value(), row.mainAfter);
-        EXPECT_EQ(perimeter.Value(), 1 - row.mainAfter);
+    // A click on the checked tile box checks the other, in both directions.
+    for (const auto& [clicked, mainTile] : {std::pair(&f.chkMainTile, 0),
+                                            {&f.chkMainTile, 1},
+                                            {&f.chkPerimeterTile, 0},
+                                            {&f.chkPerimeterTile, 1}}) {
+        clicked->SetValue(1 - clicked->Value());
+        EXPECT_EQ(std::pair(f.chkMainTile.Value(), f.chkPerimeterTile.Value()),
+                  std::pair(mainTile, 1 - mainTile));
+    }
+    const auto look = [](const TextBox& box) { return std::pair(box.Locked(), box.Back()); };
+    const std::pair locked(true, BackColor::ButtonFace), editable(false, BackColor::Window);
+    for (const bool scaleRules : {false, true}) {
+        f.chkUseObjectScale.SetValue(scaleRules ? 1 : 0);
+        EXPECT_EQ(std::pair(look(f.txtObjectScale), look(f.txtGridSize)),
+                  scaleRules ? std::pair(editable, locked) : std::pair(locked, editable));
     }
 }
 
-TEST_F(FormEventsTest, LostFocusCleansTheScaleAndGridBoxes)
+TEST_F(FormEventsTest, LeavingTheGridOrScaleBoxCleansItLockedOrNot)
 {
-    struct Row {
-        TextBox* box;
-        const char* typed;
-        const char* cleaned;
-    };
-    TextBox* grid = &app.main.txtGridSize;
-    TextBox* scale = &app.main.txtObjectScale;
     // clang-format off
-    const Row rows[] = {
-        {grid,  "",           "1"},
-        {grid,  "abc",        "1"},
-        {grid,  "0.5",        "1"},
-        {grid,  "1.5",        "2"},
-        {grid,  "2.5",        "2"},
-        {grid,  "768.4",      "768"},
-        {grid,  "-40",        "1"},
-        {grid,  "12abc",      "12"},
-        {grid,  "1e400",      "1e400"}, // past the range: the routine ends silently
-        {scale, "",           "0.100000"},
-        {scale, "0.05",       "0.100000"},
-        {scale, "12.3456789", "12.345679"},
-        {scale, "-3",         "0.100000"},
-        {scale, "250",        "250.000000"},
+    const std::array<const char*, 3> rows[] = {
+        // typed         grid size  object scale
+        {"",             "1",       "0.100000"},
+        {"0.05",         "1",       "0.100000"},
+        {"1.5",          "2",       "1.500000"},
+        {"2.5",          "2",       "2.500000"},
+        {"768.4",        "768",     "768.400000"},
+        {"12.3456789",   "12",      "12.345679"},
+        {"1e400",        "1e400",   "1e400"}, // out of range: the routine ends without a word
     };
     // clang-format on
-    for (const Row& row : rows) {
-        row.box->SetText(row.typed);
-        row.box->LostFocus.Fire();
-        EXPECT_EQ(row.box->Text(), row.cleaned) << row.typed;
+    for (const auto& [typed, grid, scale] : rows) {
+        for (auto [box, cleaned] : {std::pair(&f.txtGridSize, grid), {&f.txtObjectScale, scale}}) {
+            box->SetText(typed);
+            box->LostFocus.Fire();
+            EXPECT_EQ(box->Text(), cleaned) << typed;
+        }
     }
     EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST_F(FormEventsTest, ScaleAndSaveBoxes)
-{
-    MainForm& f = app.main;
-    for (int value : {0, 1, 0}) {
-        f.chkUseObjectScale.SetValue(value);
-        const bool scaleRules = value == 1;
-        EXPECT_EQ(f.txtObjectScale.Locked(), !scaleRules);
-        EXPECT_EQ(f.txtGridSize.Locked(), scaleRules);
-        EXPECT_EQ(f.txtObjectScale.Back(), scaleRules ? BackColor::Window : BackColor::ButtonFace);
-        EXPECT_EQ(f.txtGridSize.Back(), scaleRules ? BackColor::ButtonFace : BackColor::Window);
-    }
-    EXPECT_EQ(f.txtObjectScale.Text(), "100.000000");
-    EXPECT_EQ(f.txtGridSize.Text(), "768");
-
-    Click(f.chkSave);
-    EXPECT_FALSE(app.state.SaveToFile);
-    Click(f.chkSave);
-    EXPECT_TRUE(app.state.SaveToFile);
-}
-
-TEST_F(FormEventsTest, DialogGivesOnlyAnExistingFile)
+TEST_F(FormEventsTest, MaxFileBrowseTakesOnlyAnExistingFile)
 {
     test::ScratchDir dir;
-    const std::string existing = dir.Write("Valley.prj", "");
-    struct Row {
-        std::string answer;
-        std::string result;
-    };
-    // clang-format off
-    const Row rows[] = {
-        {"",                     ""},      // Cancel
-        {dir.File("New.prj"),    ""},      // a name typed into the save form
-        {dir.Path().string(),    ""},      // a folder
-        {existing,               existing},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        platform.dialogAnswers = {row.answer};
-        EXPECT_EQ(ShowCommonDialog(app, FormId::Compiler, "Title", "/start", "MS File (*.ms)|*.ms",
-                                   Int16(1), true, ""),
-                  row.result)
-            << row.answer;
-        const FileDialogRequest& asked = platform.dialogRequests.back();
-        EXPECT_EQ(asked.form, FormId::Compiler);
-        EXPECT_EQ(asked.title, "Title");
-        EXPECT_EQ(asked.initialFolder, "/start");
-        EXPECT_EQ(asked.filter, "MS File (*.ms)|*.ms");
-        EXPECT_TRUE(asked.save);
-        EXPECT_EQ(asked.flags, 4096);
+    const std::string chosen = dir.Write("Tree.max", ""), folder = dir.Path().string();
+    f.txtMaxFile.SetText("C:\\old.max");
+    // Cancel, a name typed into the dialog, a folder, and at last a file.
+    for (const std::string& answer : {std::string(), dir.File("New.max"), folder, chosen}) {
+        platform.dialogAnswers = {answer};
+        f.btnBrowseMaxFile.Click.Fire();
+        EXPECT_EQ(f.txtMaxFile.Text() + "|" + app.state.ObjectDir,
+                  answer == chosen ? chosen + "|" + folder : "C:\\old.max|/opt/tos");
+        // The first choice stores both folders, also the one that did not change.
+        EXPECT_EQ(platform.settings.size(), answer == chosen ? 2u : 0u);
     }
+    const FileDialogRequest& asked = platform.dialogRequests.at(0);
+    EXPECT_EQ(asked.title + "|" + asked.initialFolder + "|" + asked.filter,
+              "Select Max Object File|/opt/tos|MAX File (*.max)|*.max");
 }
 
-TEST_F(FormEventsTest, CancelledMaxBrowseChangesNothing)
+TEST_F(FormEventsTest, HelpOpensThePageBesideTheProgramOrSaysWhyNot)
 {
-    app.main.txtMaxFile.SetText("C:\\old.max");
-    btnBrowseMaxFile_Click(app);
-    ASSERT_EQ(platform.dialogRequests.size(), 1u);
-    EXPECT_EQ(platform.dialogRequests[0].title, "Select Max Object File");
-    EXPECT_EQ(platform.dialogRequests[0].filter, "MAX File (*.max)|*.max");
-    EXPECT_FALSE(platform.dialogRequests[0].save);
-    EXPECT_EQ(app.state.ObjectDir, "/opt/tos");
-    EXPECT_TRUE(platform.settings.empty());
-    EXPECT_EQ(app.main.txtMaxFile.Text(), "C:\\old.max");
-}
-
-TEST(HelpTest, OpensThePageBesideTheProgramOrSaysWhyNot)
-{
-    test::ScratchDir withPage;
-    withPage.Write("TOS_Help.html", "<html></html>");
-    test::ScratchDir withoutPage;
-    struct Row {
-        const test::ScratchDir* folder;
-        bool handlerWorks;
-        std::size_t opened;
-        bool message;
-    };
+    test::ScratchDir folder;
+    const Texts opened{folder.File("TOS_Help.html")}, failed{"Error launching help file."};
     // clang-format off
-    const Row rows[] = {
-        {&withPage,    true,  1, false},
-        {&withPage,    false, 1, true},
-        {&withoutPage, true,  0, true},
+    const std::tuple<bool, bool, Texts, Texts> rows[] = {
+        // page there  handler works  opened   messages
+        {false,        true,          {},      failed},
+        {true,         true,          opened,  {}},
+        {true,         false,         opened,  failed},
     };
     // clang-format on
-    for (const Row& row : rows) {
-        test::FakePlatform platform;
-        platform.programFolder = row.folder->Path().string();
-        platform.openSucceeds = row.handlerWorks;
-        App app(platform);
-        Main(app);
-        app.main.btnViewHelp.Click.Fire();
-        ASSERT_EQ(platform.openedDocuments.size(), row.opened);
-        if (row.opened) {
-            EXPECT_EQ(platform.openedDocuments[0], row.folder->File("TOS_Help.html"));
-        }
-        EXPECT_EQ(platform.Texts(), row.message
-                                        ? std::vector<std::string>{"Error launching help file."}
-                                        : std::vector<std::string>{});
+    for (const auto& [pageThere, handlerWorks, documents, messages] : rows) {
+        if (pageThere)
+            folder.Write("TOS_Help.html", "<html></html>");
+        platform = {};
+        platform.programFolder = folder.Path().string();
+        platform.openSucceeds = handlerWorks;
+        f.btnViewHelp.Click.Fire();
+        EXPECT_EQ(platform.openedDocuments, documents);
+        EXPECT_EQ(platform.Texts(), messages);
     }
 }
 
