@@ -3,174 +3,102 @@
 #include "common/fake_platform.h"
 #include "common/scratch.h"
 #include "shell/app.h"
-#include "shell/form_events.h"
 #include "shell/startup.h"
 #include "support/failure.h"
 
 namespace tos {
 namespace {
 
-const std::pair<std::string, std::string> kDefaultDirKey{"Software\\Tolvarine Object Scripter",
-                                                         "DefaultDir"};
-const std::pair<std::string, std::string> kObjectDirKey{"Software\\Tolvarine Object Scripter",
-                                                        "ObjectDir"};
+const std::string kKey = "Software\\Tolvarine Object Scripter";
+const std::string kReadFailed = "Unexpected error in GetRegStr \n\n 7 - Out of memory";
 
-struct StartupTest : ::testing::Test {
-    test::FakePlatform platform;
-    App app{platform};
-};
-
-TEST_F(StartupTest, FirstRunShowsTheFirstStateAndWritesNothing)
-{
-    int formRepaints = 0;
-    app.main.formView.Subscribe([&] { ++formRepaints; });
-    Main(app);
-
-    EXPECT_EQ(app.state.AppName, "Tolvarine Object Scripter");
-    EXPECT_DOUBLE_EQ(app.state.Pi, 3.14159265358979323846);
-    EXPECT_EQ(app.state.DefaultDir, "/opt/tos");
-    EXPECT_EQ(app.state.ObjectDir, "/opt/tos");
-    EXPECT_EQ(app.state.IniFile, "/opt/tos/TolvarineObjectScripter.ini");
-    EXPECT_TRUE(app.main.chkSave.Checked());
-    EXPECT_TRUE(app.state.SaveToFile);
-    EXPECT_EQ(app.main.lblVersion.Caption(), "Beta 1");
-    EXPECT_TRUE(app.main.loaded && app.main.visible);
-    EXPECT_TRUE(app.compiler.loaded);
-    EXPECT_FALSE(app.compiler.visible);
-    EXPECT_GT(formRepaints, 0);
-    EXPECT_FALSE(app.main.btnProcess.Enabled());
-    EXPECT_FALSE(app.main.txtProjectFilePath.Enabled());
-    // The stock catalogue is loaded last.
-    EXPECT_EQ(app.state.InternalBillboard.Rows().size(), 30u);
-    // The store stays untouched until a folder is chosen.
-    EXPECT_TRUE(platform.settings.empty());
-    EXPECT_TRUE(platform.messages.empty());
-}
-
-TEST_F(StartupTest, RestoresRememberedFolders)
-{
-    struct Row {
-        const char* storedDefault;
-        const char* storedObject;
-        const char* defaultDir;
-        const char* objectDir;
-    };
-    // clang-format off
-    const Row rows[] = {
-        {"/home/u/projects", "/home/u/max", "/home/u/projects", "/home/u/max"},
-        {"",                 "/home/u/max", "/opt/tos",         "/home/u/max"},
-        {"/gone/folder",     "",            "/gone/folder",     "/opt/tos"},
-    };
-    // clang-format on
-    for (const Row& row : rows) {
-        test::FakePlatform p;
-        if (*row.storedDefault)
-            p.settings[kDefaultDirKey] = row.storedDefault;
-        if (*row.storedObject)
-            p.settings[kObjectDirKey] = row.storedObject;
-        App a(p);
-        Main(a);
-        EXPECT_EQ(a.state.DefaultDir, row.defaultDir) << row.storedDefault;
-        EXPECT_EQ(a.state.ObjectDir, row.objectDir) << row.storedObject;
-    }
-    Main(app, StartOptions{"/elsewhere/catalogue.ini"});
-    EXPECT_EQ(app.state.IniFile, "/elsewhere/catalogue.ini");
-}
-
-TEST_F(StartupTest, FirstChoiceOfAMaxFileStoresBothFolders)
-{
-    test::ScratchDir dir;
-    const std::string chosen = dir.Write("Tree.max", "");
-    Main(app);
-    platform.dialogAnswers.push_back(chosen);
-    btnBrowseMaxFile_Click(app);
-
-    EXPECT_EQ(platform.settings[kDefaultDirKey], "/opt/tos");
-    EXPECT_EQ(platform.settings[kObjectDirKey], dir.Path().string());
-    EXPECT_EQ(app.state.ObjectDir, dir.Path().string());
-    EXPECT_EQ(app.main.txtMaxFile.Text(), chosen);
-}
-
-TEST_F(StartupTest, StoreWritesAreSilentAndNeedAKey)
-{
-    platform.failSettingWrites = true;
-    Main(app);
-    app.state.DefaultDir = "/new";
-    SaveSettings(app);
-    EXPECT_TRUE(platform.settings.empty());
-    EXPECT_TRUE(platform.messages.empty());
-    EXPECT_EQ(app.state.DefaultDir, "/new");
-
-    platform.failSettingWrites = false;
-    SetRegStr(app, "DefaultDir", "/x", "", kHkeyCurrentUser);
-    EXPECT_TRUE(platform.settings.empty());
-    SetRegStr(app, "DefaultDir", "", "Software\\Tolvarine Object Scripter", kHkeyCurrentUser);
-    EXPECT_EQ(GetRegStr(app, "Software\\Tolvarine Object Scripter", "DefaultDir", kHkeyCurrentUser),
-              "");
-}
-
-// A store whose reads fail as the platform can.
-struct FailingStore : test::FakePlatform {
-    std::string ReadSetting(const std::string&, const std::string&) override
+// Notes each time start-up asks the platform for something (R read a folder,
+// S screen size, ! message) and how far it has come: M main form loaded,
+// C combiner loaded, V main form shown.
+struct StepLog : test::FakePlatform {
+    App& Start() { return Main(app.emplace(*this)), *app; }
+    std::string ReadSetting(const std::string& key, const std::string& value) override
     {
-        Fail(err::OutOfMemory);
+        Note("R");
+        if (failReads)
+            Fail(err::OutOfMemory);
+        return FakePlatform::ReadSetting(key, value);
     }
+    ScreenSize Screen() override { return Note("S"), screen; }
+    void ShowMessage(const MessageBox& box) override { Note("!"), messages.push_back(box); }
+    void Note(const char* step)
+    {
+        steps += step + std::string(app->main.loaded ? "M" : "") +
+                 (app->compiler.loaded ? "C" : "") + (app->main.visible ? "V " : " ");
+    }
+    std::optional<App> app;
+    bool failReads = false;
+    std::string steps;
 };
 
-TEST(StartupStore, ReadFailureIsReportedAndReadsEmpty)
+TEST(Startup, MainRunsItsStepsInOrderAndExitEndsTheRun)
 {
-    FailingStore platform;
-    App app(platform);
-    Main(app);
-    const std::string message = "Unexpected error in GetRegStr \n\n 7 - Out of memory";
-    EXPECT_EQ(platform.Texts(), (std::vector<std::string>{message, message}));
-    EXPECT_EQ(platform.messages[0].title, "TolvarineObjectScripter");
-    EXPECT_EQ(app.state.DefaultDir, "/opt/tos");
-    EXPECT_EQ(app.state.ObjectDir, "/opt/tos");
+    test::ScratchDir folder;
+    folder.Write("TolvarineObjectScripter.ini", "[MiscStockObjects]\r\nTotalItems=1\r\n");
+    StepLog platform;
+    platform.programFolder = folder.Path().string();
+    App& app = platform.Start();
+    // Each form is placed as it loads; the catalogue speaks over the shown form.
+    EXPECT_EQ(platform.steps, "R R SM SM SMC SMC !MCV ");
+    EXPECT_TRUE(app.main.chkSave.Checked() && app.state.SaveToFile && !app.compiler.visible);
+    EXPECT_TRUE(platform.settings.empty()); // nothing is stored until a folder is chosen
+
+    bool ended = false;
+    app.endProcess = [&] { ended = !app.main.loaded && !app.compiler.loaded; };
+    app.main.btnExit.Click.Fire();
+    EXPECT_TRUE(ended && !app.main.visible && !app.compiler.visible);
 }
 
-TEST(StartupCentring, PlacesEachFormInTheMiddleOrAtTheEdge)
+TEST(Startup, RemembersBothFoldersAndPassesOverStoreFailures)
 {
-    struct Row {
-        double screenWidth, screenHeight;
-        FormId form;
-        int left, top;
-    };
     // clang-format off
-    const Row rows[] = {
-        {19200, 10800, FormId::Main,     5152, 2160},
-        {19200, 10800, FormId::Compiler, 6592, 2737},
-        {8895,  6481,  FormId::Main,     0,    0},    // room of 0 and of 1 twip
-        {8000,  5000,  FormId::Main,     0,    0},    // form larger than the screen
-        {40000, 20000, FormId::Main,     0,    6760}, // width past 16 bits
-        {32767, 32768, FormId::Main,     11936, 0},
+    const std::tuple<std::string, std::string, bool, std::string> rows[] = {
+        // stored DefaultDir  stored ObjectDir  store fails  folders after start-up
+        {"/home/u/projects",  "/home/u/max",    false,       "/home/u/projects|/home/u/max"},
+        {"",                  "/gone/folder",   false,       "/opt/tos|/gone/folder"},
+        {"/home/u/projects",  "/home/u/max",    true,        "/opt/tos|/opt/tos"},
     };
     // clang-format on
-    for (const Row& row : rows) {
-        test::FakePlatform platform;
-        platform.screen = {row.screenWidth, row.screenHeight};
-        App app(platform);
-        CenterFormVertical(app, row.form);
-        CenterFormHorizontal(app, row.form);
-        const int left = row.form == FormId::Main ? app.main.left : app.compiler.left;
-        const int top = row.form == FormId::Main ? app.main.top : app.compiler.top;
-        EXPECT_EQ(left, row.left) << row.screenWidth;
-        EXPECT_EQ(top, row.top) << row.screenHeight;
+    for (const auto& [storedDefault, storedObject, storeFails, folders] : rows) {
+        StepLog platform;
+        auto& stored = platform.settings;
+        stored = {{{kKey, "DefaultDir"}, storedDefault}, {{kKey, "ObjectDir"}, storedObject}};
+        platform.failReads = platform.failSettingWrites = storeFails;
+        App& app = platform.Start();
+        EXPECT_EQ(app.state.DefaultDir + "|" + app.state.ObjectDir, folders);
+        // Both are written on every save, the unchanged one too; a failed write is silent.
+        app.state.ObjectDir = "/new";
+        SaveSettings(app);
+        EXPECT_EQ(stored[std::pair(kKey, "DefaultDir")] + "|" +
+                      stored[std::pair(kKey, "ObjectDir")],
+                  storeFails ? storedDefault + "|" + storedObject : app.state.DefaultDir + "|/new");
+        EXPECT_EQ(platform.Texts(), std::vector<std::string>(storeFails ? 2 : 0, kReadFailed));
     }
 }
 
-TEST_F(StartupTest, ExitUnloadsBothFormsAndEndsTheProcess)
+TEST(Startup, CentringPutsEachFormInTheMiddleOrAtTheEdge)
 {
-    int ended = 0;
-    app.endProcess = [&] {
-        ++ended;
-        EXPECT_FALSE(app.main.loaded || app.compiler.loaded);
+    // clang-format off
+    const std::tuple<double, double, int, int, int, int> rows[] = {
+        // screen width, height  main form: left, top   combiner: left, top
+        {19200, 10800,           5152,  2160,           6592,  2737},
+        {8895,  6481,            0,     0,              1440,  578},  // room of 0 and of 1 twip
+        {40000, 20000,           0,     6760,           0,     7337}, // width past 16 bits
+        {32767, 32768,           11936, 0,              13376, 0},
     };
-    Main(app);
-    app.main.btnExit.Click.Fire();
-    EXPECT_EQ(ended, 1);
-    EXPECT_FALSE(app.main.visible);
-    EXPECT_FALSE(app.compiler.visible);
+    // clang-format on
+    for (const auto& [width, height, mainLeft, mainTop, left, top] : rows) {
+        StepLog platform;
+        platform.screen = {width, height};
+        const App& app = platform.Start();
+        EXPECT_EQ(std::tuple(app.main.left, app.main.top, app.compiler.left, app.compiler.top),
+                  std::tuple(mainLeft, mainTop, left, top));
+    }
 }
 
 } // namespace
