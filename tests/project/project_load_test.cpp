@@ -27,10 +27,9 @@ TEST(ProjectLoad, RecordListsGroupStemsAndNumberCopies)
     LoadFixture fx;
     MainForm& f = fx.app->main;
     // clang-format off
-    const std::string scene = SceneText({{"Tree_KV_Oak.SLT",   kInside}, {"Barn.slt", kInside}, {"tree_KV_Pine.SLT", kInside},
-                                         {"Billboard_FOX.SLB", kInside}, {"Barn.SLT", kInside}, {"50Gal.SLB",        kInside}});
+    fx.Load(SceneText({{"Tree_KV_Oak.SLT",   kInside}, {"Barn.slt", kInside}, {"tree_KV_Pine.SLT", kInside},
+                       {"Billboard_FOX.SLB", kInside}, {"Barn.SLT", kInside}, {"50Gal.SLB",        kInside}}));
     // clang-format on
-    fx.Load(scene);
     EXPECT_EQ(f.lstSCNdata2.Rows(),
               (Rows{"Barn|002|001", "Barn|005|002", "Tree|001|001", "tree|003|002"}));
     EXPECT_EQ(f.comboSelectObject.Items().Rows(),
@@ -42,8 +41,10 @@ TEST(ProjectLoad, RecordListsGroupStemsAndNumberCopies)
 
 TEST(ProjectLoad, TileWindowAndTheScaleOrGridSizeThatRules)
 {
+    // Terrain width, grid resolution, position of a model, whether that lies on the main tile,
+    // which box rules (1: the object scale) with its text, the other box after the load, failure.
     // clang-format off
-    struct Case { const char *width, *gridRes, *position; bool inside; int useScale; const char *ruling, *follows, *failure; };
+    struct Case { const char *width, *res, *at; bool inside; int useScale; const char *ruling, *follows, *failure; };
     const Case cases[] = {
         {"5",   "3.0", "1536,0,2304",    true,  1, "100",   "768",        ""},
         {"5",   "3.0", "1535.99,0,2000", false, 1, "100",   "768",        ""},
@@ -67,18 +68,17 @@ TEST(ProjectLoad, TileWindowAndTheScaleOrGridSizeThatRules)
             SCOPED_TRACE(testing::Message() << "row " << &c - cases << " perimeter " << perimeter);
             LoadFixture fx;
             MainForm& f = fx.app->main;
-            fx.Load("Good", SceneText({{"Barn.SLT", kInside}}));
+            fx.Load("A", SceneText({{"Barn.SLT", kInside}}));
             f.chkPerimeterTile.SetValue(perimeter ? 1 : 0);
             f.chkUseObjectScale.SetValue(c.useScale);
             (c.useScale ? f.txtObjectScale : f.txtGridSize).SetText(c.ruling);
-            fx.Load("Next", SceneText({{"Tree.SLT", c.position}, {"FoxHB.SLB", c.position}}, "auto",
-                                      c.width, c.gridRes));
+            fx.Load("B", SceneText({{"T.SLT", c.at}, {"FoxHB.SLB", c.at}}, "2", c.width, c.res));
             // A failure leaves the first list empty and the two after it as they were.
             const bool failed = *c.failure != '\0', taken = !failed && c.inside != perimeter;
             EXPECT_EQ(fx.Messages(), failed ? TrapMessages(c.failure) : Rows{});
             EXPECT_EQ((c.useScale ? f.txtGridSize : f.txtObjectScale).Text(), c.follows);
-            EXPECT_EQ(f.lstSCNdata1.Rows(), taken ? Rows{"Tree|001"} : Rows{});
-            EXPECT_EQ(f.lstSCNdata3.Rows(), failed ? Rows{"Barn"} : taken ? Rows{"Tree"} : Rows{});
+            EXPECT_EQ(f.lstSCNdata1.Rows(), taken ? Rows{"T|001"} : Rows{});
+            EXPECT_EQ(f.lstSCNdata3.Rows(), failed ? Rows{"Barn"} : taken ? Rows{"T"} : Rows{});
             EXPECT_EQ(f.lstBales.Rows(), taken ? Rows{"002|FoxHB.SLB"} : Rows{});
             EXPECT_EQ(f.txtNumberOfTiles.Text(), c.width);
         }
@@ -93,22 +93,21 @@ TEST(ProjectLoad, MissingSceneAndMissingValues)
     f.chkUseTolvarineName.SetValue(1);
     f.comboSelectObject.SetText("Barn");
     fx.Load("Lost", nullptr);
-    EXPECT_EQ(fx.Messages(), Rows{"No SCN file found!!"});
     EXPECT_EQ(fx.app->state.ScnFile, fx.dir.File("Lost.scn"));
     EXPECT_EQ(f.txtProjectFilePath.Text(), fx.dir.File("First.prj"));
     EXPECT_EQ(f.lstSCNdata3.Rows(), (Rows{"Barn", "Tree"}));
     EXPECT_EQ(f.txtMaxObjectName.Text(), "Barn");
 
     // No count: the former count of 2 reads the sections; absent values keep the boxes.
-    fx.platform.ClearMessages();
     fx.Load(SceneText({{"A.SLT", "0"}, {"B.SLT", kInside}, {"C.SLT", kInside}}, "", "", ""));
     const std::string useDefault = " value from project files.  Using default...";
     const std::string noWidth = "Cannot determine TerrainWidth" + useDefault;
     const std::string noScale = "Cannot determine TerrainWidthScale" + useDefault;
     EXPECT_EQ(fx.Messages(),
-              (Rows{"Error reading NumberOfStaticModels in SCN file.", noWidth, noScale}));
-    EXPECT_EQ(fx.platform.messages.at(0).title, "Tolvarine Object Scripter");
-    EXPECT_EQ(fx.platform.messages.at(0).icon, MessageIcon::Exclamation);
+              (Rows{"No SCN file found!!", "Error reading NumberOfStaticModels in SCN file.",
+                    noWidth, noScale}));
+    EXPECT_EQ(fx.platform.messages.at(1).title, "Tolvarine Object Scripter");
+    EXPECT_EQ(fx.platform.messages.at(1).icon, MessageIcon::Exclamation);
     EXPECT_EQ(f.txtGridRes.Text(), "2.0");
     EXPECT_EQ(f.lblSLTcount.Caption(), "2");
     EXPECT_EQ(f.lstSCNdata3.Rows(), (Rows{"B"}));
@@ -150,6 +149,11 @@ TEST(ProjectLoad, HugeCountsVisitOnlyTheSectionsThereInTextOrder)
     EXPECT_EQ(f.lstSCNdata1.Rows().size(), 6u);
     EXPECT_EQ(f.lstSCNdata3.Rows(), (Rows{"Barn", "Rock", "Tree"}));
     EXPECT_EQ(f.lst55GalDrums_TrashCans.Rows(), Rows{"2147483647|50Gal.SLB"});
+
+    // A count of 0 empties every list the former project filled.
+    fx.Load("None", SceneText(models, "0"));
+    EXPECT_EQ(f.lblSLTcount.Caption(), "0");
+    EXPECT_TRUE(f.lstSCNdata2.Rows().empty() && f.comboSelectObject.Items().Rows().empty());
 }
 
 } // namespace
