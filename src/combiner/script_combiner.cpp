@@ -14,13 +14,6 @@ namespace {
 
 constexpr const char* kScriptFilter = "MS File (*.ms)|*.ms";
 
-void SetCompilerPointer(App& app, int pointer)
-{
-    app.compiler.mousePointer = pointer;
-    app.platform.SetMousePointer(FormId::Compiler, pointer);
-    app.compiler.formView.Notify();
-}
-
 // Adds the lines of a script as rows. A line ends at CR or at CR LF, and neither
 // belongs to the row; a line feed alone is part of its row. Nothing follows a
 // line end at the very end of the text.
@@ -70,7 +63,7 @@ void btnAddFile_Click(App& app)
 void AddScriptFile(App& app, const std::string& path)
 {
     auto failure = Trap([&] {
-        SetCompilerPointer(app, kPointerHourglass);
+        app.SetMousePointer(FormId::Compiler, kPointerHourglass);
         app.profiles.FlushProfileFile(path);
         // The file is read whole and closed before the first row is added.
         ListBox& list = app.compiler.lstMaxScripts;
@@ -80,7 +73,7 @@ void AddScriptFile(App& app, const std::string& path)
     });
     if (failure)
         app.Message(TrapMessageLines("btnAddFile", *failure));
-    SetCompilerPointer(app, kPointerDefault);
+    app.SetMousePointer(FormId::Compiler, kPointerDefault);
 }
 
 void btnSaveAs_Click(App& app)
@@ -95,13 +88,13 @@ void btnSaveAs_Click(App& app)
 void SaveCombinedScript(App& app, const std::string& path)
 {
     auto failure = Trap([&] {
-        SetCompilerPointer(app, kPointerHourglass);
+        app.SetMousePointer(FormId::Compiler, kPointerHourglass);
         app.profiles.FlushProfileFile(path);
         WriteLinesCrLf(path, app.compiler.lstMaxScripts.Rows());
     });
     if (failure)
         app.Message(TrapMessageLines("btnSaveAs", *failure));
-    SetCompilerPointer(app, kPointerDefault);
+    app.SetMousePointer(FormId::Compiler, kPointerDefault);
 }
 
 void btnDone_Click(App& app)

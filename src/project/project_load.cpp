@@ -14,13 +14,6 @@ namespace tos {
 
 namespace {
 
-void SetMousePointer(App& app, int pointer)
-{
-    app.main.mousePointer = pointer;
-    app.platform.SetMousePointer(FormId::Main, pointer);
-    app.main.formView.Notify();
-}
-
 // The steps between the hourglass and its end; an early return skips to the end.
 void LoadChosenProject(App& app, const std::string& chosen)
 {
@@ -61,10 +54,10 @@ void btnBrowseProjectFile_Click(App& app)
         ShowCommonDialog(app, FormId::Main, "Open Tolvarine Project File (PRJ)",
                          app.state.DefaultDir, "PRJ File (*.prj)|*.prj", Int16(1), false, "");
     if (!chosen.empty()) {
-        SetMousePointer(app, kPointerHourglass);
+        app.SetMousePointer(FormId::Main, kPointerHourglass);
         LoadChosenProject(app, chosen);
     }
-    SetMousePointer(app, kPointerDefault);
+    app.SetMousePointer(FormId::Main, kPointerDefault);
 }
 
 void GetProjectInfo(App& app)

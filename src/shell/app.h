@@ -21,6 +21,15 @@ struct App {
     // Shows a box with one OK button (default title unless given).
     void Message(const std::string& text) { platform.ShowMessage(MessageBox{text}); }
 
+    // Sets a form's mouse pointer (kPointerHourglass while it works, kPointerDefault after).
+    void SetMousePointer(FormId form, int pointer)
+    {
+        int& held = form == FormId::Main ? main.mousePointer : compiler.mousePointer;
+        held = pointer;
+        platform.SetMousePointer(form, pointer);
+        (form == FormId::Main ? main.formView : compiler.formView).Notify();
+    }
+
     // Ends the process; the desktop program leaves its event loop here.
     std::function<void()> endProcess;
 

@@ -13,13 +13,6 @@ namespace tos {
 
 namespace {
 
-void SetPointer(App& app, int pointer)
-{
-    app.main.mousePointer = pointer;
-    app.main.formView.Notify();
-    app.platform.SetMousePointer(FormId::Main, pointer);
-}
-
 // The selection must be one of the rows, ignoring case and nothing else.
 bool IsListed(const ComboBox& combo, const std::string& selection)
 {
@@ -66,7 +59,7 @@ void btnProcess_Click(App& app)
         return;
     }
 
-    SetPointer(app, kPointerHourglass);
+    app.SetMousePointer(FormId::Main, kPointerHourglass);
     const std::string keyword = UpperCase(GetElement(app.platform, selection, ":", Int16(0)));
     void (*build)(App&) = BuildScript;
     for (const GroupBuilder& group : kGroupBuilders) {
@@ -76,7 +69,7 @@ void btnProcess_Click(App& app)
         }
     }
     build(app);
-    SetPointer(app, kPointerDefault);
+    app.SetMousePointer(FormId::Main, kPointerDefault);
 }
 
 void chkUseTolvarineName_Click(App& app)
