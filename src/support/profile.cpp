@@ -1,6 +1,7 @@
 #include "support/profile.h"
 
 #include <algorithm>
+#include <ctime>
 
 #include "support/conversions.h"
 #include "support/platform.h"
@@ -11,7 +12,7 @@ namespace tos {
 namespace {
 
 constexpr std::int64_t kLargeFile = 65535;
-constexpr auto kLookLifetime = std::chrono::milliseconds(100);
+constexpr std::int64_t kLookLifetimeNs = 100'000'000;
 constexpr std::size_t kParsedCopies = 8;
 
 // What the reader of small files hands out: the value or the default, at most size - 1
@@ -20,6 +21,15 @@ std::int32_t CopyToBuffer(std::string_view value, std::string& buffer, std::int3
 {
     buffer.assign(value.substr(0, static_cast<std::size_t>(std::max(size - 1, 0))));
     return static_cast<std::int32_t>(buffer.size());
+}
+
+// The coarse clock is read from memory, while the precise one may cost as much as
+// the rest of a read; a few milliseconds of resolution are plenty for a 100 ms window.
+std::int64_t CoarseNowNs()
+{
+    timespec ts{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &ts);
+    return static_cast<std::int64_t>(ts.tv_sec) * 1'000'000'000 + ts.tv_nsec;
 }
 
 } // namespace
@@ -42,8 +52,7 @@ bool IsPositiveInt32Text(std::string_view digits, std::int32_t& value)
 
 const FileFacts& ProfileFiles::Impl::Facts(const std::string& file)
 {
-    if (look.valid && look.path == file &&
-        std::chrono::steady_clock::now() - look.taken < kLookLifetime)
+    if (look.valid && look.path == file && CoarseNowNs() - look.takenNs < kLookLifetimeNs)
         return look.facts;
     return FreshFacts(file);
 }
@@ -53,7 +62,7 @@ const FileFacts& ProfileFiles::Impl::FreshFacts(const std::string& file)
     look.valid = false;
     look.facts = GetFileFacts(file);
     look.path = file;
-    look.taken = std::chrono::steady_clock::now();
+    look.takenNs = CoarseNowNs();
     look.valid = true;
     return look.facts;
 }
@@ -118,8 +127,8 @@ void ProfileFiles::FlushProfileFile(const std::string& file)
     if (s.look.path == file)
         s.look.valid = false;
     std::erase_if(s.parsed, [&](const Impl::Parsed& p) { return p.path == file; });
-    // The large-file copy stays: it goes by the file's stamp, and a project load
-    // would otherwise read and index a big scene twice.
+    // The large-file copy and the numbered sections stay: they go by the file's stamp,
+    // and a project load would otherwise read and index a big scene twice.
 }
 
 std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const std::string& file,
@@ -131,6 +140,8 @@ std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const st
     head.remove_prefix(std::min(head.find_first_not_of(' '), head.size()));
 
     std::vector<std::int32_t> numbers;
+    std::string stamp;
+    bool cached = false;
     auto consider = [&](std::string_view name) {
         std::int32_t n = 0;
         if (name.size() > head.size() && EqualsIgnoringCase(name.substr(0, head.size()), head) &&
@@ -141,6 +152,13 @@ std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const st
     bool readable = false;
     Trap([&] {
         const FileFacts& facts = s.Facts(file);
+        stamp = facts.stamp;
+        if (s.numbered && s.numbered->file == file && s.numbered->stamp == stamp &&
+            s.numbered->prefix == prefix) {
+            numbers = s.numbered->numbers;
+            cached = readable = true;
+            return;
+        }
         if (facts.length < kLargeFile) {
             const ParsedProfile* profile = s.ParsedCopy(file, facts);
             if (profile == nullptr)
@@ -159,8 +177,11 @@ std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const st
     });
     if (!readable)
         return std::nullopt;
-    std::sort(numbers.begin(), numbers.end());
-    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    if (!cached) {
+        std::sort(numbers.begin(), numbers.end());
+        numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+        s.numbered = Impl::Numbered{file, stamp, prefix, numbers};
+    }
     return numbers;
 }
 

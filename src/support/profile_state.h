@@ -1,8 +1,8 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -23,7 +23,7 @@ struct ProfileFiles::Impl {
     // rest of a read, so a look less than 100 ms old is used again for the same path.
     struct Look {
         std::string path;
-        std::chrono::steady_clock::time_point taken;
+        std::int64_t takenNs = 0; // on the coarse monotonic clock
         FileFacts facts;
         bool valid = false;
     };
@@ -52,6 +52,16 @@ struct ProfileFiles::Impl {
     std::unordered_map<std::string, std::int32_t, CaseBlindHash, CaseBlindEqual> SectionCache;
     std::int32_t SectionCachePos = 0;
     bool sectionCacheRead = false; // whether the last load could read the file
+
+    // The last answer of NumberedSections: a load asks it once per model walk, and the
+    // answer holds while the file's stamp does.
+    struct Numbered {
+        std::string file;
+        std::string stamp;
+        std::string prefix;
+        std::vector<std::int32_t> numbers;
+    };
+    std::optional<Numbered> numbered;
 };
 
 } // namespace tos
