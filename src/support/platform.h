@@ -9,6 +9,9 @@ enum class FormId { Main, Compiler };
 
 enum class MessageIcon { None, Exclamation };
 
+// Every box of this program answers with OK alone.
+enum class MessageButtons { Ok };
+
 inline constexpr const char* kDefaultMessageTitle = "TolvarineObjectScripter";
 
 // A modal box with one OK button (the only kind this program shows).
@@ -16,6 +19,7 @@ struct MessageBox {
     std::string text;
     std::string title = kDefaultMessageTitle;
     MessageIcon icon = MessageIcon::None;
+    MessageButtons buttons = MessageButtons::Ok;
 };
 
 // Dialog flag: only the name of an existing file is accepted.
