@@ -81,18 +81,6 @@ bool FileExists(const std::string& path)
     return ::stat(path.c_str(), &st) == 0 && !S_ISDIR(st.st_mode);
 }
 
-std::int64_t FileLength(const std::string& path)
-{
-    return static_cast<std::int64_t>(StatOfFile(path).st_size);
-}
-
-std::optional<std::string> FileStamp(const std::string& path)
-{
-    std::optional<std::string> stamp;
-    Trap([&] { stamp = GetFileFacts(path).stamp; });
-    return stamp;
-}
-
 FileFacts GetFileFacts(const std::string& path)
 {
     const struct stat st = StatOfFile(path);

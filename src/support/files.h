@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,19 +11,14 @@ namespace tos {
 
 bool FileExists(const std::string& path);
 
-// Length in bytes; failure 53 for a missing file.
-std::int64_t FileLength(const std::string& path);
-
-// Time of last change at the finest resolution the file system gives, with the
-// size, as text that changes whenever either changes; nullopt when it cannot be read.
-std::optional<std::string> FileStamp(const std::string& path);
-
 struct FileFacts {
-    std::int64_t length = 0;
-    std::string stamp; // as FileStamp gives it
+    std::int64_t length = 0; // in bytes
+    // Time of last change at the finest resolution the file system gives, with the
+    // size, as text that changes whenever either changes.
+    std::string stamp;
 };
 
-// Length and stamp from one look at the file; fails as FileLength does.
+// Length and stamp from one look at the file; failure 53 for a missing file.
 FileFacts GetFileFacts(const std::string& path);
 
 // The whole file as bytes.

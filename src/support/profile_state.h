@@ -28,7 +28,7 @@ struct ProfileFiles::Impl {
         bool valid = false;
     };
     Look look;
-    // Fails as FileLength does.
+    // Fails as GetFileFacts does.
     const FileFacts& Facts(const std::string& file);
     // A fresh look, also kept for the next reads.
     const FileFacts& FreshFacts(const std::string& file);

@@ -23,7 +23,7 @@ TEST(Files, FailureNumbersAUserMeets)
         {"read missing file",       [&] { ReadWholeFile(dir.File("none.scn")); },           53},
         {"read in missing folder",  [&] { ReadWholeFile(dir.File("none/a.scn")); },         76},
         {"read a folder",           [&] { ReadWholeFile(dir.File("folder")); },             75},
-        {"length of missing file",  [&] { FileLength(dir.File("none.scn")); },              53},
+        {"facts of missing file",   [&] { GetFileFacts(dir.File("none.scn")); },            53},
         {"write in missing folder", [&] { WriteLinesCrLf(dir.File("none/a.ms"), {"a"}); },  76},
         {"write a read-only file",  [&] { WriteLinesCrLf(locked, {"a"}); },                 75},
         {"write over a folder",     [&] { WriteLinesCrLf(dir.File("folder"), {"a"}); },     75},
@@ -52,16 +52,15 @@ TEST(Files, WritesRowsWithCrLfAndStampsEachChange)
 
     // The stamp moves with the time of last change, even by a millisecond, and with the size.
     const auto t0 = std::filesystem::last_write_time(path);
-    const auto first = FileStamp(path);
+    const auto first = GetFileFacts(path).stamp;
     std::filesystem::last_write_time(path, t0 + std::chrono::milliseconds(1));
-    EXPECT_NE(FileStamp(path), first);
+    EXPECT_NE(GetFileFacts(path).stamp, first);
     std::filesystem::last_write_time(path, t0);
-    EXPECT_EQ(FileStamp(path), first);
+    EXPECT_EQ(GetFileFacts(path).stamp, first);
     WriteLinesCrLf(path, {});
     std::filesystem::last_write_time(path, t0);
-    EXPECT_NE(FileStamp(path), first);
+    EXPECT_NE(GetFileFacts(path).stamp, first);
     EXPECT_EQ(ReadWholeFile(path), "");
-    EXPECT_EQ(FileStamp(dir.File("none")), std::nullopt);
     // clang-format off
     for (auto [p, folder] : {std::pair{"/home/u/a.prj", "/home/u"}, {"/a.prj", "/"}, {"a.prj", ""}})
         EXPECT_EQ(FolderOfPath(p), folder) << p;
