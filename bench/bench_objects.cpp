@@ -1,8 +1,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <random>
 #include <sstream>
 #include <string>
 
@@ -11,35 +9,12 @@
 
 namespace {
 
-// A project of the given size in a fresh temporary folder, removed at the end.
-class GeneratedProject {
-public:
-    explicit GeneratedProject(std::int32_t models)
-    {
-        folder_ = std::filesystem::temp_directory_path() /
-                  ("tos-bench-objects-" + std::to_string(std::random_device{}()));
-        std::filesystem::create_directories(folder_);
-        tos::bench::SceneLayout layout;
-        layout.models = models;
-        prj_ = tos::bench::WriteProject(folder_.string(), "Generated", layout);
-    }
-    ~GeneratedProject()
-    {
-        std::error_code ec;
-        std::filesystem::remove_all(folder_, ec);
-    }
-    const std::string& Prj() const { return prj_; }
-    std::string Folder() const { return folder_.string(); }
-
-private:
-    std::filesystem::path folder_;
-    std::string prj_;
-};
-
 // tos-cli objects end to end: start-up, load, print the object list.
 void BM_ObjectsCommand(benchmark::State& state)
 {
-    const GeneratedProject project(static_cast<std::int32_t>(state.range(0)));
+    tos::bench::SceneLayout layout;
+    layout.models = static_cast<std::int32_t>(state.range(0));
+    const tos::bench::GeneratedProject project("objects", layout);
     const char* argv[] = {"tos-cli", "objects", project.Prj().c_str()};
     std::size_t rows = 0;
     for (auto _ : state) {

@@ -1,13 +1,11 @@
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <random>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "scene_generator.h"
 #include "support/platform.h"
 #include "support/profile.h"
 
@@ -27,53 +25,22 @@ public:
     int messages = 0;
 };
 
-// A scene of numbered model sections as the scene editor writes them, in a fresh folder.
-class Scene {
-public:
-    explicit Scene(int models)
-    {
-        folder_ = std::filesystem::temp_directory_path() /
-                  ("tos-bench-profile-" + std::to_string(std::random_device{}()));
-        std::filesystem::create_directories(folder_);
-        path_ = (folder_ / "scene.scn").string();
-
-        std::mt19937 rng(7);
-        std::uniform_real_distribution<double> ground(0, 3840), height(0, 40), unit(-1, 1);
-        std::string text = "[Environment]\r\nTerrainWidth=5\r\nTerrainWidthScale=3.0\r\n\r\n"
-                           "[StaticModels]\r\nNumberOfStaticModels=" +
-                           std::to_string(models) + "\r\n\r\n";
-        char buf[160];
-        for (int n = 1; n <= models; ++n) {
-            std::snprintf(buf, sizeof buf,
-                          "[Model%d]\r\nSLT=Stem%03d.SLT\r\nPosition=%.1f,%.1f,%.1f\r\n"
-                          "LookVector=%.3f,%.3f,%.3f\r\nUpVector=%.3f,%.3f,%.3f\r\n\r\n",
-                          n, static_cast<int>(rng() % 100), ground(rng), height(rng), ground(rng),
-                          unit(rng), unit(rng), unit(rng), unit(rng), unit(rng), unit(rng));
-            text += buf;
-        }
-        std::ofstream(path_, std::ios::binary)
-            .write(text.data(), static_cast<std::streamsize>(text.size()));
-        size_ = text.size();
-    }
-    ~Scene()
-    {
-        std::error_code ec;
-        std::filesystem::remove_all(folder_, ec);
-    }
-    const std::string& Path() const { return path_; }
-    std::size_t Size() const { return size_; }
-
-private:
-    std::filesystem::path folder_;
-    std::string path_;
-    std::size_t size_ = 0;
-};
+// A scene of the given size, of models that all stand on the main tile.
+tos::bench::SceneLayout LayoutOf(int models)
+{
+    tos::bench::SceneLayout layout;
+    layout.models = models;
+    layout.stockShare = 0;
+    return layout;
+}
 
 // Reads SLT and Position of random models, one read per iteration.
 void RandomReads(benchmark::State& state, int models, bool largeFile)
 {
-    const Scene scene(models);
-    if ((scene.Size() >= 65535) != largeFile) {
+    const tos::bench::GeneratedProject project("profile", LayoutOf(models));
+    const std::string scene = project.Scene();
+    const auto size = std::filesystem::file_size(scene);
+    if ((size >= 65535) != largeFile) {
         state.SkipWithError("the scene is on the wrong road");
         return;
     }
@@ -89,7 +56,7 @@ void RandomReads(benchmark::State& state, int models, bool largeFile)
     std::size_t i = 0, bytes = 0;
     for (auto _ : state) {
         const std::string value =
-            profiles.GetINIString(sections[i % sections.size()], keys[i & 1], scene.Path());
+            profiles.GetINIString(sections[i % sections.size()], keys[i & 1], scene);
         bytes += value.size();
         benchmark::DoNotOptimize(value.data());
         ++i;
@@ -97,7 +64,7 @@ void RandomReads(benchmark::State& state, int models, bool largeFile)
     if (platform.messages != 0 || bytes == 0)
         state.SkipWithError("reads failed");
     state.SetItemsProcessed(state.iterations());
-    state.counters["file_bytes"] = static_cast<double>(scene.Size());
+    state.counters["file_bytes"] = static_cast<double>(size);
 }
 
 void BM_OwnRoadRandomReads(benchmark::State& state)
@@ -117,7 +84,8 @@ BENCHMARK(BM_FirstRoadRandomReads);
 void BM_OwnRoadWholeScene(benchmark::State& state)
 {
     constexpr int kModels = 30000;
-    const Scene scene(kModels);
+    const tos::bench::GeneratedProject project("profile", LayoutOf(kModels));
+    const std::string scene = project.Scene();
     CountingPlatform platform;
     tos::ProfileFiles profiles(platform);
     std::vector<std::string> sections;
@@ -125,10 +93,10 @@ void BM_OwnRoadWholeScene(benchmark::State& state)
         sections.push_back("Model" + std::to_string(n));
 
     for (auto _ : state) {
-        profiles.FlushProfileFile(scene.Path());
+        profiles.FlushProfileFile(scene);
         for (const auto& s : sections) {
-            benchmark::DoNotOptimize(profiles.GetINIString(s, "SLT", scene.Path()).data());
-            benchmark::DoNotOptimize(profiles.GetINIString(s, "Position", scene.Path()).data());
+            benchmark::DoNotOptimize(profiles.GetINIString(s, "SLT", scene).data());
+            benchmark::DoNotOptimize(profiles.GetINIString(s, "Position", scene).data());
         }
     }
     if (platform.messages != 0)

@@ -154,4 +154,18 @@ std::string WriteProject(const std::string& folder, const std::string& base,
     return prj;
 }
 
+GeneratedProject::GeneratedProject(const std::string& tag, const SceneLayout& layout)
+{
+    folder_ = std::filesystem::temp_directory_path() /
+              ("tos-bench-" + tag + "-" + std::to_string(std::random_device{}()));
+    std::filesystem::create_directories(folder_);
+    prj_ = WriteProject(folder_.string(), "Generated", layout);
+}
+
+GeneratedProject::~GeneratedProject()
+{
+    std::error_code ec;
+    std::filesystem::remove_all(folder_, ec);
+}
+
 } // namespace tos::bench

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 namespace tos::bench {
@@ -30,5 +31,23 @@ std::string GenerateScene(const SceneLayout& layout);
 // Writes <folder>/<base>.prj and <folder>/<base>.scn; returns the .prj path.
 std::string WriteProject(const std::string& folder, const std::string& base,
                          const SceneLayout& layout);
+
+// A generated project <base>.prj / <base>.scn in a fresh temporary folder, which
+// goes with the object.
+class GeneratedProject {
+public:
+    GeneratedProject(const std::string& tag, const SceneLayout& layout);
+    ~GeneratedProject();
+    GeneratedProject(const GeneratedProject&) = delete;
+    GeneratedProject& operator=(const GeneratedProject&) = delete;
+
+    const std::string& Prj() const { return prj_; }
+    std::string Scene() const { return (folder_ / "Generated.scn").string(); }
+    std::string Folder() const { return folder_.string(); }
+
+private:
+    std::filesystem::path folder_;
+    std::string prj_;
+};
 
 } // namespace tos::bench
