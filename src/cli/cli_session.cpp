@@ -73,8 +73,7 @@ void AddLoadOptions(CLI::App& sub, LoadOptions& options)
             [](const std::string& project) -> std::string {
                 // The file dialog only ever answers an existing file.
                 std::error_code ec;
-                if (project.empty() ||
-                    std::filesystem::is_regular_file(AbsoluteProjectPath(project), ec))
+                if (project.empty() || std::filesystem::is_regular_file(AbsolutePath(project), ec))
                     return "";
                 return "project file not found: " + project;
             },
@@ -96,15 +95,15 @@ void AddLoadOptions(CLI::App& sub, LoadOptions& options)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
 }
 
-std::string AbsoluteProjectPath(const std::string& project)
+std::string AbsolutePath(const std::string& path)
 {
-    if (project.empty() || std::filesystem::path(project).is_absolute())
-        return project;
+    if (path.empty() || std::filesystem::path(path).is_absolute())
+        return path;
     std::error_code ec;
-    return std::filesystem::current_path(ec).string() + kPathSeparator + project;
+    return std::filesystem::current_path(ec).string() + kPathSeparator + path;
 }
 
-int StartAndLoad(tos::App& app, CliPlatform& platform, const LoadOptions& options, CommandContext&)
+int StartAndLoad(tos::App& app, CliPlatform& platform, const LoadOptions& options)
 {
     Main(app, StartOptions{options.iniFile});
     MainForm& f = app.main;
@@ -119,7 +118,7 @@ int StartAndLoad(tos::App& app, CliPlatform& platform, const LoadOptions& option
         f.txtObjectScale.SetText(*options.objectScale);
         f.txtObjectScale.LostFocus.Fire();
     }
-    platform.QueueDialogAnswer(AbsoluteProjectPath(options.project));
+    platform.QueueDialogAnswer(AbsolutePath(options.project));
     f.btnBrowseProjectFile.Click.Fire();
     return ExitStatus(platform);
 }

@@ -59,16 +59,15 @@ struct LoadOptions {
 // keeps its last value.
 void AddLoadOptions(CLI::App& sub, LoadOptions& options);
 
-// The project path the dialog answers: a relative path gets the current folder
-// and a separator in front, and nothing else changes.
-std::string AbsoluteProjectPath(const std::string& project);
+// A path as the dialog answers it: a relative path gets the current folder and a
+// separator in front, and nothing else changes; "" stays "" (a Cancel).
+std::string AbsolutePath(const std::string& path);
 
 // Does what a user at the form would: starts the program, sets the tile choice
 // and the scale or grid size as given, then loads the project through the
 // browse button with the dialog answering the project's path. Returns the exit
 // status so far: kExitMessages when any message box was shown, else kExitOk.
-int StartAndLoad(tos::App& app, CliPlatform& platform, const LoadOptions& options,
-                 CommandContext& context);
+int StartAndLoad(tos::App& app, CliPlatform& platform, const LoadOptions& options);
 
 // The exit status that the messages shown so far give.
 int ExitStatus(const CliPlatform& platform);

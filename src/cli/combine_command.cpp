@@ -35,12 +35,12 @@ int Combine(CommandContext& context, const CombineOptions& options)
     Main(app);
     app.main.btnRunScriptCompiler.Click.Fire();
     for (const std::string& input : options.inputs) {
-        platform.QueueDialogAnswer(AbsoluteProjectPath(input));
+        platform.QueueDialogAnswer(AbsolutePath(input));
         app.compiler.btnAddFile.Click.Fire();
     }
     // Unlike the save dialog, the command may name a file that does not exist yet.
     if (!options.output.empty())
-        SaveCombinedScript(app, AbsoluteProjectPath(options.output));
+        SaveCombinedScript(app, AbsolutePath(options.output));
     app.compiler.btnDone.Click.Fire();
     return ExitStatus(platform);
 }

@@ -18,7 +18,7 @@ void AddObjectsCommand(CLI::App& cli, CommandContext& context)
         context.action = [&context, options] {
             CliPlatform platform(context);
             tos::App app(platform);
-            StartAndLoad(app, platform, *options, context);
+            StartAndLoad(app, platform, *options);
             for (const std::string& row : app.main.comboSelectObject.Items().Rows())
                 context.out << row << '\n';
             return ExitStatus(platform);

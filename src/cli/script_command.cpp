@@ -29,7 +29,7 @@ int RunScript(const ScriptOptions& options, CommandContext& context)
 {
     CliPlatform platform(context);
     tos::App app(platform);
-    StartAndLoad(app, platform, options.load, context);
+    StartAndLoad(app, platform, options.load);
     MainForm& form = app.main;
     if (options.noSave)
         form.chkSave.SetValue(0);

@@ -52,8 +52,7 @@ TEST(ObjectsCommand, ListsTheObjectsReportsEveryMessageBoxAndRejectsBadUsage)
     std::filesystem::current_path(dir.Path());
     std::filesystem::create_directory("x");
     // A relative project gets the current folder and a separator in front, and nothing else.
-    EXPECT_EQ(cli::AbsoluteProjectPath("./x/../Flat.prj"),
-              dir.Path().string() + "/./x/../Flat.prj");
+    EXPECT_EQ(cli::AbsolutePath("./x/../Flat.prj"), dir.Path().string() + "/./x/../Flat.prj");
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.args));
         std::vector<const char*> argv{"tos-cli", "objects"};
