@@ -5,7 +5,7 @@
 #include <ostream>
 #include <system_error>
 
-#include "shell/app.h"
+#include "forms/app.h"
 #include "shell/startup.h"
 
 namespace tos::cli {

@@ -6,7 +6,7 @@
 #include "cli/cli_session.h"
 #include "cli/command_context.h"
 #include "combiner/script_combiner.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "shell/startup.h"
 #include "support/files.h"
 

@@ -4,7 +4,7 @@
 
 #include "cli/cli_session.h"
 #include "cli/command_context.h"
-#include "shell/app.h"
+#include "forms/app.h"
 
 namespace tos::cli {
 

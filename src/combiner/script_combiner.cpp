@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-#include "shell/app.h"
-#include "shell/common_dialog.h"
-#include "shell/startup.h"
+#include "forms/app.h"
+#include "forms/common_dialog.h"
+#include "forms/form_routines.h"
 #include "support/failure.h"
 #include "support/files.h"
 

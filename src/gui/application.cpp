@@ -5,7 +5,7 @@
 #include "gui/compiler_window.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "shell/startup.h"
 
 namespace tos::gui {

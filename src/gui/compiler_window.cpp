@@ -11,7 +11,7 @@
 #include "gui/control_views.h"
 #include "gui/cp1252.h"
 #include "gui/qt_platform.h"
-#include "shell/app.h"
+#include "forms/app.h"
 
 namespace tos::gui {
 

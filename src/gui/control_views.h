@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "shell/controls.h"
+#include "forms/controls.h"
 
 class QCheckBox;
 class QComboBox;

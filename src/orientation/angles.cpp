@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/checked.h"
 #include "support/conversions.h"
 #include "support/elements.h"

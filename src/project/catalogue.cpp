@@ -2,7 +2,7 @@
 
 #include <initializer_list>
 
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/conversions.h"
 #include "support/failure.h"
 #include "support/files.h"

@@ -1,6 +1,6 @@
 #include "project/object_list.h"
 
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/failure.h"
 
 namespace tos {

@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "project/catalogue.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"

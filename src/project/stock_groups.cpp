@@ -2,7 +2,7 @@
 
 #include "project/catalogue.h"
 #include "project/scene_models.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/failure.h"
 
 namespace tos {

@@ -5,7 +5,7 @@
 
 #include "orientation/angles.h"
 #include "script/script_text.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"

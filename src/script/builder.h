@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/main_form.h"
+#include "forms/main_form.h"
 #include "support/checked.h"
 
 namespace tos {

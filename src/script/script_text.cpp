@@ -3,8 +3,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "shell/controls.h"
-#include "shell/run_state.h"
+#include "forms/controls.h"
+#include "forms/run_state.h"
 #include "support/conversions.h"
 
 namespace tos {

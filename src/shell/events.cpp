@@ -2,7 +2,7 @@
 
 #include "combiner/script_combiner.h"
 #include "project/project_load.h"
-#include "shell/form_events.h"
+#include "forms/form_events.h"
 #include "shell/process_command.h"
 
 namespace tos {

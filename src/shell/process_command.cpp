@@ -5,7 +5,7 @@
 
 #include "script/builder.h"
 #include "script/stock_builders.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 

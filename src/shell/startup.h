@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "support/platform.h"
-
 namespace tos {
 
 struct App;
@@ -17,23 +15,5 @@ struct StartOptions {
 // Fixes the run state, restores the remembered folders, loads both forms, shows
 // the main form and loads the stock catalogue.
 void Main(App& app, const StartOptions& options = {});
-
-// Writes both remembered folders; a failed write is silent.
-void SaveSettings(App& app);
-
-// Unloads both forms and ends the run.
-void ExitProgram(App& app);
-
-// Place a form in the middle of the screen, top edge and left edge. A screen
-// too large for 16 bits puts the form at the edge.
-void CenterFormVertical(App& app, FormId form);
-void CenterFormHorizontal(App& app, FormId form);
-
-// The remembered-folder store. Note the different argument orders.
-std::string GetRegStr(App& app, const std::string& key, const std::string& valueName, int root);
-void SetRegStr(App& app, const std::string& valueName, const std::string& value,
-               const std::string& key, int root);
-
-inline constexpr int kHkeyCurrentUser = static_cast<int>(0x80000001u);
 
 } // namespace tos

@@ -5,7 +5,7 @@
 #include "combiner/script_combiner.h"
 #include "common/fake_platform.h"
 #include "common/scratch.h"
-#include "shell/app.h"
+#include "forms/app.h"
 
 namespace tos {
 namespace {

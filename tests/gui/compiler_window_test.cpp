@@ -8,7 +8,7 @@
 #include "combiner/script_combiner.h"
 #include "common/fake_platform.h"
 #include "gui/compiler_window.h"
-#include "shell/app.h"
+#include "forms/app.h"
 
 namespace tos {
 namespace {

@@ -13,7 +13,7 @@
 #include "gui/cp1252.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "shell/startup.h"
 
 namespace tos {

@@ -2,7 +2,7 @@
 
 #include "common/fake_platform.h"
 #include "common/scratch.h"
-#include "shell/app.h"
+#include "forms/app.h"
 #include "shell/startup.h"
 
 namespace tos {

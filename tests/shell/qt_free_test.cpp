@@ -24,7 +24,7 @@ TEST(QtFreeCore, NoSourceOutsideTheGuiFolderIncludesQt)
                            "#include <QtCore/qglobal.h>", "#include <qstring.h>"})
         ASSERT_TRUE(std::regex_search(qt, QtInclude())) << qt;
     for (const char* other :
-         {"#include <queue>", "#include \"shell/app.h\"", "// #include <QString>"})
+         {"#include <queue>", "#include \"forms/app.h\"", "// #include <QString>"})
         ASSERT_FALSE(std::regex_search(other, QtInclude())) << other;
 
     const fs::path src = fs::path(TOS_SOURCE_DIR) / "src";

@@ -2,7 +2,8 @@
 
 #include "common/fake_platform.h"
 #include "common/scratch.h"
-#include "shell/app.h"
+#include "forms/app.h"
+#include "forms/form_routines.h"
 #include "shell/startup.h"
 #include "support/failure.h"
 

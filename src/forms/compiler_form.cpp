@@ -1,4 +1,4 @@
-#include "shell/compiler_form.h"
+#include "forms/compiler_form.h"
 
 namespace tos {
 

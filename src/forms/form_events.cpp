@@ -1,8 +1,8 @@
-#include "shell/form_events.h"
+#include "forms/form_events.h"
 
-#include "shell/app.h"
-#include "shell/common_dialog.h"
-#include "shell/startup.h"
+#include "forms/app.h"
+#include "forms/common_dialog.h"
+#include "forms/form_routines.h"
 #include "support/conversions.h"
 #include "support/files.h"
 

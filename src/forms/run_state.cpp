@@ -1,4 +1,4 @@
-#include "shell/run_state.h"
+#include "forms/run_state.h"
 
 #include "support/conversions.h"
 #include "support/failure.h"

@@ -1,4 +1,4 @@
-#include "shell/controls.h"
+#include "forms/controls.h"
 
 #include <algorithm>
 

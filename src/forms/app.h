@@ -2,9 +2,9 @@
 
 #include <functional>
 
-#include "shell/compiler_form.h"
-#include "shell/main_form.h"
-#include "shell/run_state.h"
+#include "forms/compiler_form.h"
+#include "forms/main_form.h"
+#include "forms/run_state.h"
 #include "support/platform.h"
 #include "support/profile.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/controls.h"
+#include "forms/controls.h"
 
 namespace tos {
 

@@ -1,6 +1,6 @@
-#include "shell/common_dialog.h"
+#include "forms/common_dialog.h"
 
-#include "shell/app.h"
+#include "forms/app.h"
 #include "support/files.h"
 
 namespace tos {

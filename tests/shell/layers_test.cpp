@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Each source folder may include only its own headers and those of folders
+// below it; the front ends sit on top and never include each other.
+const std::map<std::string, int>& Levels()
+{
+    static const std::map<std::string, int> levels = {
+        {"support", 0}, {"forms", 1},   {"orientation", 2}, {"script", 3},
+        {"project", 3}, {"combiner", 3}, {"map", 3},        {"batch", 4},
+        {"shell", 5},   {"gui", 6},     {"win", 6},         {"cli", 6},
+    };
+    return levels;
+}
+
+bool MayInclude(const std::string& from, const std::string& to)
+{
+    if (from == to)
+        return true;
+    const auto f = Levels().find(from);
+    const auto t = Levels().find(to);
+    return f != Levels().end() && t != Levels().end() && t->second < f->second;
+}
+
+TEST(Layers, TheRuleItselfTellsUpFromDown)
+{
+    struct Row {
+        const char* from;
+        const char* to;
+        bool allowed;
+    };
+    const Row rows[] = {
+        {.from = "forms", .to = "support", .allowed = true},
+        {.from = "shell", .to = "project", .allowed = true},
+        {.from = "support", .to = "forms", .allowed = false},
+        {.from = "project", .to = "shell", .allowed = false},
+        {.from = "project", .to = "script", .allowed = false},
+        {.from = "gui", .to = "cli", .allowed = false},
+        {.from = "cli", .to = "unknown", .allowed = false},
+    };
+    for (const Row& r : rows)
+        EXPECT_EQ(MayInclude(r.from, r.to), r.allowed) << r.from << " -> " << r.to;
+}
+
+TEST(Layers, NoFolderIncludesOneAboveIt)
+{
+    namespace fs = std::filesystem;
+    static const std::regex include(R"(^\s*#\s*include\s*"([a-z_]+)/)");
+    const fs::path src = fs::path(TOS_SOURCE_DIR) / "src";
+    std::vector<std::string> offenders;
+    std::size_t scanned = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(src)) {
+        const auto ext = entry.path().extension();
+        if (!entry.is_regular_file() || (ext != ".h" && ext != ".cpp"))
+            continue;
+        const std::string folder = fs::relative(entry.path(), src).begin()->string();
+        ++scanned;
+        std::ifstream in(entry.path());
+        std::string line;
+        std::smatch m;
+        while (std::getline(in, line))
+            if (std::regex_search(line, m, include) && !MayInclude(folder, m[1]))
+                offenders.push_back(fs::relative(entry.path(), src).string() + ": " + line);
+    }
+    EXPECT_GT(scanned, 40u);
+    EXPECT_TRUE(offenders.empty()) << ::testing::PrintToString(offenders);
+}
+
+} // namespace
