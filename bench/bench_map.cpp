@@ -17,10 +17,8 @@ namespace {
 // The default generated scene, 30,000 models, loaded once as the window would.
 struct LoadedScene {
     explicit LoadedScene(bool perimeter)
-        : project("map", tos::bench::SceneLayout{}),
-          context{out, err, project.Folder(), {}},
-          platform(context),
-          app(platform)
+        : project("map", tos::bench::SceneLayout{}), context{out, err, project.Folder(), {}},
+          platform(context), app(platform)
     {
         tos::cli::LoadOptions options;
         options.project = project.Prj();

@@ -44,7 +44,7 @@ int RunMap(const MapOptions& options, CommandContext& context)
         return kExitMessages;
     }
     context.out << options.output << ": " << map.models.size() << " models, "
-                << map.placements.size() << " placements\n";
+                << PlacementCount(map.placements.size()) << '\n';
     return ExitStatus(platform);
 }
 

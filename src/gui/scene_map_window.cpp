@@ -1,6 +1,7 @@
 #include "gui/scene_map_window.h"
 
 #include <QCloseEvent>
+#include <QFontMetrics>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -13,8 +14,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "gui/cp1252.h"
 #include "forms/app.h"
+#include "gui/cp1252.h"
 
 namespace tos::gui {
 
@@ -25,12 +26,18 @@ constexpr double kPickPixels = 6;
 QColor KindColor(ModelKind kind)
 {
     switch (kind) {
-    case ModelKind::Object: return QColor(0x2b, 0x6c, 0xb0);
-    case ModelKind::Billboard: return QColor(0xd5, 0x3f, 0x8c);
-    case ModelKind::Bale: return QColor(0xd6, 0x9e, 0x2e);
-    case ModelKind::TripleBale: return QColor(0x9c, 0x42, 0x21);
-    case ModelKind::Drum: return QColor(0x2f, 0x85, 0x5a);
-    case ModelKind::Other: break;
+    case ModelKind::Object:
+        return QColor(0x2b, 0x6c, 0xb0);
+    case ModelKind::Billboard:
+        return QColor(0xd5, 0x3f, 0x8c);
+    case ModelKind::Bale:
+        return QColor(0xd6, 0x9e, 0x2e);
+    case ModelKind::TripleBale:
+        return QColor(0x9c, 0x42, 0x21);
+    case ModelKind::Drum:
+        return QColor(0x2f, 0x85, 0x5a);
+    case ModelKind::Other:
+        break;
     }
     return QColor(0x71, 0x80, 0x96);
 }
@@ -113,6 +120,10 @@ void SceneMapView::PaintTerrain(QPainter& p) const
         p.setPen(QColor(0x6b, 0x7d, 0x5c));
         p.drawRect(terrain);
     }
+    if (!map_->mainTile && map_->tile > 0) {
+        p.setPen(QPen(QColor(0x80, 0x5a, 0xd5), 1.5, Qt::DashLine));
+        p.drawRect(QRectF(ToScreen(0, 0), ToScreen(map_->tile, map_->tile)));
+    }
     if (map_->windowEnd > map_->windowStart) {
         const QRectF window(ToScreen(map_->windowStart, map_->windowStart),
                             ToScreen(map_->windowEnd, map_->windowEnd));
@@ -131,8 +142,8 @@ void SceneMapView::PaintModels(QPainter& p) const
             continue;
         QColor colour = KindColor(m.kind);
         if (!m.taken)
-            colour.setAlpha(70);
-        p.fillRect(QRectF(at.x() - 2, at.y() - 2, 4, 4), colour);
+            colour.setAlpha(90);
+        p.fillRect(QRectF(at.x() - 2.5, at.y() - 2.5, 5, 5), colour);
     }
 }
 
@@ -174,17 +185,28 @@ void SceneMapView::PaintAxesAndLegend(QPainter& p) const
     p.drawText(QPointF(8, 16), QString("scene z \u2192   scene x \u2193"));
 
     // Legend and scale bar in the corners, in pixels.
-    int y = 14;
-    const int x = width() - 170;
-    for (const ModelKind kind : {ModelKind::Object, ModelKind::Billboard, ModelKind::Bale,
-                                 ModelKind::TripleBale, ModelKind::Drum, ModelKind::Other}) {
-        p.fillRect(QRectF(x, y - 7, 8, 8), KindColor(kind));
-        p.setPen(Qt::black);
-        p.drawText(QPointF(x + 14, y + 1), KindCaption(kind));
-        y += 15;
+    const QFontMetrics metrics(font());
+    const int line = metrics.height() + 2;
+    const QString faint = "faint: left out by the load";
+    int textWidth = metrics.horizontalAdvance(faint);
+    const auto kinds = {ModelKind::Object,     ModelKind::Billboard, ModelKind::Bale,
+                        ModelKind::TripleBale, ModelKind::Drum,      ModelKind::Other};
+    for (const ModelKind kind : kinds)
+        textWidth = std::max(textWidth, metrics.horizontalAdvance(KindCaption(kind)) + 14);
+    const QRect box(width() - textWidth - 16, 4, textWidth + 12, line * 7 + 8);
+    p.fillRect(box, QColor(255, 255, 255, 220));
+    p.setPen(Qt::gray);
+    p.drawRect(box);
+    int y = box.top() + 4;
+    p.setPen(Qt::black);
+    for (const ModelKind kind : kinds) {
+        p.fillRect(QRectF(box.left() + 6, y + line / 2 - 4, 8, 8), KindColor(kind));
+        p.drawText(QRect(box.left() + 20, y, textWidth, line), Qt::AlignVCenter, KindCaption(kind));
+        y += line;
     }
-    p.drawText(QPointF(x, y + 1), "faint: left out by the load");
-    const double units = std::pow(10.0, std::floor(std::log10(std::max(100 / scale_, 1e-9))));
+    p.drawText(QRect(box.left() + 6, y, textWidth, line), Qt::AlignVCenter, faint);
+
+    const double units = ScaleBarLength(150 / scale_);
     const double length = units * scale_;
     const QPointF bar(10, height() - 12);
     p.drawLine(bar, bar + QPointF(length, 0));
@@ -208,9 +230,9 @@ QString SceneMapView::DescribeAt(QPointF point) const
         }
     };
     auto modelText = [this](std::int32_t number) {
-        const auto it = std::lower_bound(
-            map_->models.begin(), map_->models.end(), number,
-            [](const MapModel& m, std::int32_t n) { return m.number < n; });
+        const auto it =
+            std::lower_bound(map_->models.begin(), map_->models.end(), number,
+                             [](const MapModel& m, std::int32_t n) { return m.number < n; });
         if (it == map_->models.end() || it->number != number)
             return QString("Model %1").arg(number);
         return QString("Model %1\n%2\nPosition %3")
@@ -231,7 +253,9 @@ QString SceneMapView::DescribeAt(QPointF point) const
         if (pl.folded)
             consider(pl.folded->x, pl.folded->z, [&] {
                 return modelText(pl.number) + "\n" + order +
-                       QString("\nlands at %1, %2 after folding").arg(pl.folded->x).arg(pl.folded->z);
+                       QString("\nlands at %1, %2 after folding")
+                           .arg(pl.folded->x)
+                           .arg(pl.folded->z);
             });
     }
     return text;
@@ -308,12 +332,12 @@ SceneMapWindow::SceneMapWindow(App& app, QWidget* owner)
         };
     };
     MainForm& f = app.main;
-    for (Control* c : {static_cast<Control*>(&f.comboSelectObject),
-                       static_cast<Control*>(&f.chkMainTile), static_cast<Control*>(&f.txtGridRes),
-                       static_cast<Control*>(&f.txtNumberOfTiles)})
+    for (Control* c :
+         {static_cast<Control*>(&f.comboSelectObject), static_cast<Control*>(&f.chkMainTile),
+          static_cast<Control*>(&f.txtGridRes), static_cast<Control*>(&f.txtNumberOfTiles)})
         c->view.Subscribe(on(Stale::Placements));
     for (ListBox* list : {&f.lstSCNdata2, &f.lstBillboards, &f.lstBales, &f.lstTripleBales,
-                                &f.lst55GalDrums_TrashCans})
+                          &f.lst55GalDrums_TrashCans})
         list->view.Subscribe(on(Stale::All));
     app.sceneMap.formView.Subscribe([self] {
         if (self)
@@ -345,10 +369,11 @@ void SceneMapWindow::Refresh()
     stale_ = Stale::None;
     view_->SetMap(&map_, all);
 
-    QString text = map_.selection.empty() ? QString("No row selected")
-                                            : QString("%1: %2 placements")
-                                                  .arg(FromCp1252(map_.selection))
-                                                  .arg(map_.placements.size());
+    QString text = map_.selection.empty()
+                       ? QString("No row selected")
+                       : QString("%1: %2")
+                             .arg(FromCp1252(map_.selection))
+                             .arg(QString::fromStdString(PlacementCount(map_.placements.size())));
     text += map_.mainTile ? " on the main tile" : ", perimeter tiles folded onto one tile";
     text += QString(" \u2014 %1 models").arg(map_.models.size());
     for (const std::string& note : map_.notes)

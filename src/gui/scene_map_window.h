@@ -47,8 +47,8 @@ private:
     void PaintAxesAndLegend(QPainter& p) const;
 
     const SceneMap* map_ = nullptr;
-    double scale_ = 1;  // pixels per scene unit
-    QPointF offset_;    // widget position of picture point (0, 0)
+    double scale_ = 1; // pixels per scene unit
+    QPointF offset_;   // widget position of picture point (0, 0)
     bool fitted_ = false;
     std::optional<QPointF> dragFrom_;
 };

@@ -1,6 +1,7 @@
 #include "map/scene_map.h"
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_set>
 
 #include "forms/app.h"
@@ -39,7 +40,10 @@ public:
     }
     bool OpenDocument(const std::string& path) override { return real_.OpenDocument(path); }
     std::string ProgramFolder() override { return real_.ProgramFolder(); }
-    void SetMousePointer(FormId form, int pointer) override { real_.SetMousePointer(form, pointer); }
+    void SetMousePointer(FormId form, int pointer) override
+    {
+        real_.SetMousePointer(form, pointer);
+    }
     ScreenSize Screen() override { return real_.Screen(); }
 
     // A missing file is reported at every read; one note of each text is enough.
@@ -118,12 +122,18 @@ struct SceneMapper::Impl {
 const char* KindClass(ModelKind kind)
 {
     switch (kind) {
-    case ModelKind::Object: return "object";
-    case ModelKind::Billboard: return "billboard";
-    case ModelKind::Bale: return "bale";
-    case ModelKind::TripleBale: return "triple-bale";
-    case ModelKind::Drum: return "drum";
-    case ModelKind::Other: break;
+    case ModelKind::Object:
+        return "object";
+    case ModelKind::Billboard:
+        return "billboard";
+    case ModelKind::Bale:
+        return "bale";
+    case ModelKind::TripleBale:
+        return "triple-bale";
+    case ModelKind::Drum:
+        return "drum";
+    case ModelKind::Other:
+        break;
     }
     return "other";
 }
@@ -131,12 +141,18 @@ const char* KindClass(ModelKind kind)
 const char* KindCaption(ModelKind kind)
 {
     switch (kind) {
-    case ModelKind::Object: return "Object (.SLT or misc stock)";
-    case ModelKind::Billboard: return "Stock billboard";
-    case ModelKind::Bale: return "Stock single bale";
-    case ModelKind::TripleBale: return "Stock triple bale";
-    case ModelKind::Drum: return "Stock drum or trash can";
-    case ModelKind::Other: break;
+    case ModelKind::Object:
+        return "Object (.SLT or misc stock)";
+    case ModelKind::Billboard:
+        return "Stock billboard";
+    case ModelKind::Bale:
+        return "Stock single bale";
+    case ModelKind::TripleBale:
+        return "Stock triple bale";
+    case ModelKind::Drum:
+        return "Stock drum or trash can";
+    case ModelKind::Other:
+        break;
     }
     return "Other model";
 }
@@ -244,8 +260,8 @@ void SceneMapper::PlaceSelection(SceneMap& map)
         p.at = {m.Element(position, 0), m.Element(position, 2)};
         if (!map.mainTile) {
             if (auto f = Trap([&] {
-                    p.folded = GroundPoint{Fold(p.at.x, geometry).value(),
-                                           Fold(p.at.z, geometry).value()};
+                    p.folded =
+                        GroundPoint{Fold(p.at.x, geometry).value(), Fold(p.at.z, geometry).value()};
                 }))
                 m.Note(section + " cannot be folded", *f);
         }
@@ -277,6 +293,22 @@ PictureBounds BoundsOf(const SceneMap& map)
     }
     include(map.centre, map.centre);
     return b;
+}
+
+std::string PlacementCount(std::size_t count)
+{
+    return std::to_string(count) + (count == 1 ? " placement" : " placements");
+}
+
+double ScaleBarLength(double atMost)
+{
+    if (!(atMost > 0))
+        return 1;
+    const double power = std::pow(10.0, std::floor(std::log10(atMost)));
+    for (const double step : {5.0, 2.0, 1.0})
+        if (step * power <= atMost)
+            return step * power;
+    return power;
 }
 
 } // namespace tos

@@ -70,6 +70,13 @@ struct PictureBounds {
 };
 PictureBounds BoundsOf(const SceneMap& map);
 
+// "1 placement", "2 placements": how captions count the placements.
+std::string PlacementCount(std::size_t count);
+
+// A scale bar's length in scene units: 1, 2 or 5 times a power of ten, at most
+// the length given (and 1 when that is not above 0).
+double ScaleBarLength(double atMost);
+
 // Builds maps of the loaded project from the scene, the record lists and the
 // form's values. It only looks: it changes no control, no list and no run state,
 // and shows no message box (its own reader records them in the map's notes).

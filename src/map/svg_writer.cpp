@@ -33,11 +33,20 @@ std::string Escape(std::string_view text)
     for (const char ch : text) {
         const auto b = static_cast<unsigned char>(ch);
         switch (ch) {
-        case '&': out += "&amp;"; continue;
-        case '<': out += "&lt;"; continue;
-        case '>': out += "&gt;"; continue;
-        case '"': out += "&quot;"; continue;
-        default: break;
+        case '&':
+            out += "&amp;";
+            continue;
+        case '<':
+            out += "&lt;";
+            continue;
+        case '>':
+            out += "&gt;";
+            continue;
+        case '"':
+            out += "&quot;";
+            continue;
+        default:
+            break;
         }
         if (b >= 0x80) {
             const unsigned code = b <= 0x9F ? kHighControls[b - 0x80] : b;
@@ -61,23 +70,11 @@ std::string Fmt(double v)
     return std::string(buffer, r.ptr);
 }
 
-// 1, 2 or 5 times a power of ten, at most the length given.
-double RoundLength(double length)
-{
-    if (!(length > 0))
-        return 1;
-    const double power = std::pow(10.0, std::floor(std::log10(length)));
-    for (const double step : {5.0, 2.0, 1.0})
-        if (step * power <= length)
-            return step * power;
-    return power;
-}
-
 // A circle as path data, so that a marker and its heading make one element.
 std::string Ring(double u, double v, double r)
 {
-    return "M" + Fmt(u - r) + " " + Fmt(v) + "a" + Fmt(r) + " " + Fmt(r) + " 0 1 0 " +
-           Fmt(2 * r) + " 0a" + Fmt(r) + " " + Fmt(r) + " 0 1 0 " + Fmt(-2 * r) + " 0";
+    return "M" + Fmt(u - r) + " " + Fmt(v) + "a" + Fmt(r) + " " + Fmt(r) + " 0 1 0 " + Fmt(2 * r) +
+           " 0a" + Fmt(r) + " " + Fmt(r) + " 0 1 0 " + Fmt(-2 * r) + " 0";
 }
 
 // The heading as a line from the point, in picture axes (3ds Max's y points up).
@@ -155,6 +152,8 @@ private:
              << Fmt(0.5 * u) << "}\n"
              << ".folded{stroke:#805ad5;stroke-dasharray:" << Fmt(0.6 * u) << "," << Fmt(0.4 * u)
              << "}\n"
+             << ".fold-tile{fill:none;stroke:#805ad5;stroke-width:" << Fmt(0.3 * u)
+             << ";stroke-dasharray:" << Fmt(1.2 * u) << "," << Fmt(0.8 * u) << "}\n"
              << ".axis{fill:none;stroke:#000;stroke-width:" << Fmt(0.25 * u) << "}\n"
              << ".scale{fill:none;stroke:#000;stroke-width:" << Fmt(0.35 * u) << "}\n"
              << "]]></style>\n";
@@ -175,6 +174,9 @@ private:
             if (!grid.empty())
                 out_ << "<path class=\"grid\" d=\"" << grid << "\"/>\n";
         }
+        if (!map_.mainTile && map_.tile > 0)
+            out_ << "<rect id=\"fold-tile\" class=\"fold-tile\" x=\"0\" y=\"0\" width=\""
+                 << Fmt(map_.tile) << "\" height=\"" << Fmt(map_.tile) << "\"/>\n";
         const double start = map_.windowStart;
         const double size = map_.windowEnd - start;
         if (size > 0)
@@ -205,9 +207,10 @@ private:
                  << p.number << "\" d=\"" << Ring(p.at.z, p.at.x, r)
                  << Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm) << "\"/>\n";
             if (p.folded)
-                out_ << "<path class=\"folded" << "\" data-model=\"" << p.number << "\" d=\"M"
-                     << Fmt(p.at.z) << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " "
-                     << Fmt(p.folded->x) << Ring(p.folded->z, p.folded->x, r)
+                out_ << "<path class=\"folded"
+                     << "\" data-model=\"" << p.number << "\" d=\"M" << Fmt(p.at.z) << " "
+                     << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " " << Fmt(p.folded->x)
+                     << Ring(p.folded->z, p.folded->x, r)
                      << Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm) << "\"/>\n";
         }
         out_ << "</g>\n";
@@ -222,8 +225,8 @@ private:
         out_ << "<path class=\"axis\" d=\"M" << Fmt(u) << " " << Fmt(v) << "L" << Fmt(tu) << " "
              << Fmt(tv) << "M" << Fmt(tu - head * ux - head * 0.5 * uy) << " "
              << Fmt(tv - head * uy + head * 0.5 * ux) << "L" << Fmt(tu) << " " << Fmt(tv) << "L"
-             << Fmt(tu - head * ux + head * 0.5 * uy) << " " << Fmt(tv - head * uy - head * 0.5 * ux)
-             << "\"/>\n";
+             << Fmt(tu - head * ux + head * 0.5 * uy) << " "
+             << Fmt(tv - head * uy - head * 0.5 * ux) << "\"/>\n";
     }
 
     void Text(double u, double v, const std::string& text, const char* anchor = "start")
@@ -269,7 +272,7 @@ private:
         y += 3 * u;
         std::string selection = map_.selection.empty() ? "no row selected" : map_.selection;
         line("Selection: " + selection);
-        line(std::to_string(map_.placements.size()) + " placements, " +
+        line(PlacementCount(map_.placements.size()) + ", " +
              (map_.mainTile ? "main tile" : "perimeter tiles, folded onto one tile"));
         y += u;
         for (const ModelKind kind : kKinds) {
@@ -277,8 +280,8 @@ private:
                  << "\" cy=\"" << Fmt(y) << "\" r=\"" << Fmt(0.8 * u) << "\"/>\n";
             line(KindCaption(kind));
         }
-        out_ << "<circle class=\"other\" cx=\"" << Fmt(x + u) << "\" cy=\"" << Fmt(y)
-             << "\" r=\"" << Fmt(0.8 * u) << "\"/>\n";
+        out_ << "<circle class=\"other\" cx=\"" << Fmt(x + u) << "\" cy=\"" << Fmt(y) << "\" r=\""
+             << Fmt(0.8 * u) << "\"/>\n";
         line("Faint: left out of the lists by the load");
         out_ << "<path class=\"placement\" d=\"" << Ring(x + u, y, 0.9 * u) << "\"/>\n";
         line("Placement of a copy, with its heading");
@@ -289,18 +292,22 @@ private:
         out_ << "<rect class=\"window\" x=\"" << Fmt(x) << "\" y=\"" << Fmt(y - u) << "\" width=\""
              << Fmt(2 * u) << "\" height=\"" << Fmt(2 * u) << "\"/>\n";
         line("Main tile window of the load");
+        if (!map_.mainTile) {
+            out_ << "<rect class=\"fold-tile\" x=\"" << Fmt(x) << "\" y=\"" << Fmt(y - u)
+                 << "\" width=\"" << Fmt(2 * u) << "\" height=\"" << Fmt(2 * u) << "\"/>\n";
+            line("The tile perimeter copies fold onto");
+        }
         out_ << "</g>\n";
     }
 
     void WriteScaleBar()
     {
         const double u = unit_;
-        const double length = RoundLength((bounds_.right - bounds_.left) / 4);
+        const double length = ScaleBarLength((bounds_.right - bounds_.left) / 4);
         const double x = bounds_.left;
         const double y = bounds_.bottom + 4 * u;
-        out_ << "<g id=\"scale-bar\">\n<path class=\"scale\" d=\"M" << Fmt(x) << " "
-             << Fmt(y - u) << "V" << Fmt(y) << "H" << Fmt(x + length) << "V" << Fmt(y - u)
-             << "\"/>\n";
+        out_ << "<g id=\"scale-bar\">\n<path class=\"scale\" d=\"M" << Fmt(x) << " " << Fmt(y - u)
+             << "V" << Fmt(y) << "H" << Fmt(x + length) << "V" << Fmt(y - u) << "\"/>\n";
         Text(x + length + u, y, Fmt(length) + " scene units");
         out_ << "</g>\n";
     }

@@ -16,8 +16,7 @@ constexpr BuilderKind StockKind(const char* routine, int option, const char* fil
 
 void BuildBillboardScript(App& app)
 {
-    static const BuilderKind kind =
-        StockKind("BuildBillboardScript", 1, "Billboards");
+    static const BuilderKind kind = StockKind("BuildBillboardScript", 1, "Billboards");
     RunBuilder(app, kind);
 }
 
@@ -29,16 +28,14 @@ void BuildBaleScript(App& app)
 
 void BuildTripleBaleScript(App& app)
 {
-    static const BuilderKind kind =
-        StockKind("BuildTripleBaleScript", 3, "TripleBales");
+    static const BuilderKind kind = StockKind("BuildTripleBaleScript", 3, "TripleBales");
     RunBuilder(app, kind);
 }
 
 void Build55GalDrum_TrashCanScript(App& app)
 {
     static const BuilderKind kind =
-        StockKind("Build55GalDrum_TrashCanScript", 4,
-                  "55GalDrums_TrashCans");
+        StockKind("Build55GalDrum_TrashCanScript", 4, "55GalDrums_TrashCans");
     RunBuilder(app, kind);
 }
 

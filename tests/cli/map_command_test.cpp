@@ -26,19 +26,31 @@ TEST(MapCommand, WritesThePictureOfTheLoadAndSelection)
     struct Row {
         std::vector<std::string> args;
         int status;
-        std::string out;       // "" for none
+        std::string out;        // "" for none
         std::size_t placements; // elements of class placement in the file
         std::size_t folded;
     };
     const Row rows[] = {
-        {.args = {prj, "Tree", "--output", svg}, .status = 0,
-         .out = svg + ": 9 models, 2 placements\n", .placements = 2, .folded = 0},
-        {.args = {prj, "--perimeter", "-o", svg, "Barn"}, .status = 0,
-         .out = svg + ": 9 models, 1 placements\n", .placements = 1, .folded = 1},
-        {.args = {prj, "-o", svg}, .status = 0, .out = svg + ": 9 models, 0 placements\n",
-         .placements = 0, .folded = 0},
+        {.args = {prj, "Tree", "--output", svg},
+         .status = 0,
+         .out = svg + ": 9 models, 2 placements\n",
+         .placements = 2,
+         .folded = 0},
+        {.args = {prj, "--perimeter", "-o", svg, "Barn"},
+         .status = 0,
+         .out = svg + ": 9 models, 1 placement\n",
+         .placements = 1,
+         .folded = 1},
+        {.args = {prj, "-o", svg},
+         .status = 0,
+         .out = svg + ": 9 models, 0 placements\n",
+         .placements = 0,
+         .folded = 0},
         {.args = {prj, "Tree"}, .status = 2, .out = "", .placements = 0, .folded = 0},
-        {.args = {prj, "Tree", "-o", nowhere}, .status = 1, .out = "", .placements = 0,
+        {.args = {prj, "Tree", "-o", nowhere},
+         .status = 1,
+         .out = "",
+         .placements = 0,
          .folded = 0},
     };
     for (const Row& r : rows) {
@@ -48,8 +60,7 @@ TEST(MapCommand, WritesThePictureOfTheLoadAndSelection)
         for (const std::string& a : r.args)
             argv.push_back(a.c_str());
         std::ostringstream out, err;
-        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()),
-                  r.status);
+        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()), r.status);
         EXPECT_EQ(out.str(), r.out);
         if (r.status == 1) {
             EXPECT_NE(err.str().find("cannot write " + nowhere), std::string::npos);

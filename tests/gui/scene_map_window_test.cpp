@@ -47,12 +47,15 @@ TEST_F(SceneMapWindowTest, OpensFromTheButtonAndFollowsSelectionAndTileChoice)
         const char* status;
     };
     const Row rows[] = {
-        {.selection = "Tree", .perimeter = false,
+        {.selection = "Tree",
+         .perimeter = false,
          .status = "Tree: 2 placements on the main tile \u2014 9 models"},
-        {.selection = "Barn", .perimeter = false,
+        {.selection = "Barn",
+         .perimeter = false,
          .status = "Barn: 0 placements on the main tile \u2014 9 models"},
         // The lists stay those of the load; the builder would fold what they hold.
-        {.selection = "Tree", .perimeter = true,
+        {.selection = "Tree",
+         .perimeter = true,
          .status = "Tree: 2 placements, perimeter tiles folded onto one tile \u2014 9 models"},
     };
     for (const Row& r : rows) {
@@ -81,7 +84,8 @@ TEST_F(SceneMapWindowTest, RestingOnAModelTellsItsNumberValueAndPosition)
         for (int x = 0; x < view->width() && found.isEmpty(); x += 2)
             if (view->DescribeAt(QPointF(x, y)).startsWith("Model 1\n"))
                 found = view->DescribeAt(QPointF(x, y));
-    EXPECT_TRUE(found.startsWith("Model 1\nTree_KV_Oak.SLT\nPosition 1920, 4, 2000")) << found.toStdString();
+    EXPECT_TRUE(found.startsWith("Model 1\nTree_KV_Oak.SLT\nPosition 1920, 4, 2000"))
+        << found.toStdString();
     EXPECT_TRUE(view->DescribeAt(QPointF(-50, -50)).isEmpty());
 }
 

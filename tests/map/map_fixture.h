@@ -12,15 +12,15 @@ namespace tos::test {
 inline std::string MapScene()
 {
     return SceneText({
-        {.value = "Tree_KV_Oak.SLT", .position = "1920,4,2000"},   // 1 object, inside
-        {.value = "Barn.SLT", .position = "768.5,0,1536"},         // 2 object, outside
-        {.value = "Billboard_FOX.SLB", .position = "1600,0,1600"}, // 3 billboard, inside
-        {.value = "Fox03.SLB", .position = "100,0,100"},           // 4 bale, outside
-        {.value = "TripleBale01.SLB", .position = "2000,0,2000"},  // 5 triple bale, inside
-        {.value = "50Gal.SLB", .position = "2304,0,2304"},         // 6 drum, on the far edge
-        {.value = "Rock.xyz", .position = "2000,0,1900"},          // 7 other, never listed
+        {.value = "Tree_KV_Oak.SLT", .position = "1920,4,2000"},    // 1 object, inside
+        {.value = "Barn.SLT", .position = "768.5,0,1536"},          // 2 object, outside
+        {.value = "Billboard_FOX.SLB", .position = "1600,0,1600"},  // 3 billboard, inside
+        {.value = "Fox03.SLB", .position = "100,0,100"},            // 4 bale, outside
+        {.value = "TripleBale01.SLB", .position = "2000,0,2000"},   // 5 triple bale, inside
+        {.value = "50Gal.SLB", .position = "2304,0,2304"},          // 6 drum, on the far edge
+        {.value = "Rock.xyz", .position = "2000,0,1900"},           // 7 other, never listed
         {.value = "Tree_KV_Pine.SLT", .position = "2304.5,0,2000"}, // 8 object, just past it
-        {.value = "Tree_KV_Elm.SLT", .position = "1536,0,1536"},   // 9 object, on the near edge
+        {.value = "Tree_KV_Elm.SLT", .position = "1536,0,1536"},    // 9 object, on the near edge
     });
 }
 

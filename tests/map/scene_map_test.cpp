@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "map/scene_map.h"
 #include "map/map_fixture.h"
+#include "map/scene_map.h"
 
 namespace tos::test {
 namespace {
@@ -70,7 +70,9 @@ TEST(SceneMap, PlacementsInScriptOrderWithFirstAndFolding)
         {.perimeter = false, .selection = "tree", .numbers = {}, .folded = {}},
         {.perimeter = true, .selection = "Barn", .numbers = {2}, .folded = {{0.5, 0}}},
         {.perimeter = true, .selection = "Tree", .numbers = {8}, .folded = {{0.5, 464}}},
-        {.perimeter = true, .selection = "* Option 2:  All Stock Single Bales", .numbers = {4},
+        {.perimeter = true,
+         .selection = "* Option 2:  All Stock Single Bales",
+         .numbers = {4},
          .folded = {{100, 100}}},
         {.perimeter = false, .selection = "* option 3:  x", .numbers = {5}, .folded = {}},
     };
@@ -104,19 +106,39 @@ TEST(SceneMap, TileWindowAndOriginFollowTheGrid)
         double start, end, centre, terrain;
     };
     const Row rows[] = {
-        {.width = "5", .scale = "3.0", .perimeter = false, .start = 1536, .end = 2304,
-         .centre = 1920, .terrain = 3840},
-        {.width = "6", .scale = "1", .perimeter = false, .start = 512, .end = 1024,
-         .centre = 768, .terrain = 1536},
-        {.width = "6", .scale = "1", .perimeter = true, .start = 512, .end = 1024, .centre = 128,
+        {.width = "5",
+         .scale = "3.0",
+         .perimeter = false,
+         .start = 1536,
+         .end = 2304,
+         .centre = 1920,
+         .terrain = 3840},
+        {.width = "6",
+         .scale = "1",
+         .perimeter = false,
+         .start = 512,
+         .end = 1024,
+         .centre = 768,
          .terrain = 1536},
-        {.width = "1", .scale = "2", .perimeter = false, .start = 0, .end = 512, .centre = 256,
+        {.width = "6",
+         .scale = "1",
+         .perimeter = true,
+         .start = 512,
+         .end = 1024,
+         .centre = 128,
+         .terrain = 1536},
+        {.width = "1",
+         .scale = "2",
+         .perimeter = false,
+         .start = 0,
+         .end = 512,
+         .centre = 256,
          .terrain = 512},
     };
     for (const Row& r : rows) {
         SCOPED_TRACE(std::string(r.width) + " tiles at " + r.scale);
-        Loaded f(r.perimeter, SceneText({{.value = "A.SLT", .position = "1,2,3"}}, "auto",
-                                        r.width, r.scale));
+        Loaded f(r.perimeter,
+                 SceneText({{.value = "A.SLT", .position = "1,2,3"}}, "auto", r.width, r.scale));
         const SceneMap map = f.Map("A");
         EXPECT_EQ(map.windowStart, r.start);
         EXPECT_EQ(map.windowEnd, r.end);

@@ -58,9 +58,11 @@ TEST(SvgWriter, OneElementPerModelAndPlacementInScriptOrder)
         std::vector<Element> tail; // the elements behind the nine models
     };
     const Row rows[] = {
-        {.perimeter = false, .selection = "Tree",
+        {.perimeter = false,
+         .selection = "Tree",
          .tail = {{"path", "placement first", "1"}, {"path", "placement", "9"}}},
-        {.perimeter = true, .selection = "Barn",
+        {.perimeter = true,
+         .selection = "Barn",
          .tail = {{"path", "placement first", "2"}, {"path", "folded", "2"}}},
     };
     for (const Row& r : rows) {
@@ -72,12 +74,12 @@ TEST(SvgWriter, OneElementPerModelAndPlacementInScriptOrder)
         f.app->main.comboSelectObject.SetText(r.selection);
         const auto elements = ParseModelElements(Svg(SceneMapper(*f.app).Build()));
         ASSERT_EQ(elements.size(), 9 + r.tail.size());
-        const char* main[] = {"object taken", "object",    "billboard taken",
-                              "bale",         "triple-bale taken", "drum taken",
-                              "other",        "object",    "object taken"};
-        const char* perimeter[] = {"object", "object taken", "billboard",   "bale taken",
-                                   "triple-bale", "drum",   "other",        "object taken",
-                                   "object"};
+        const char* main[] = {"object taken",      "object",     "billboard taken", "bale",
+                              "triple-bale taken", "drum taken", "other",           "object",
+                              "object taken"};
+        const char* perimeter[] = {"object",     "object taken", "billboard",
+                                   "bale taken", "triple-bale",  "drum",
+                                   "other",      "object taken", "object"};
         for (std::size_t i = 0; i < 9; ++i) {
             EXPECT_EQ(elements[i].name, "circle");
             EXPECT_EQ(elements[i].cls, r.perimeter ? perimeter[i] : main[i]);
