@@ -249,13 +249,13 @@ QString SceneMapView::DescribeAt(QPointF point) const
         const MapPlacement& pl = map_->placements[static_cast<std::size_t>(i)];
         const QString order = pl.first ? QString("first object, merged from the .max file")
                                        : QString("copy %1 of %2").arg(i).arg(count - 1);
-        consider(pl.at.x, pl.at.z, [&] { return modelText(pl.number) + "\n" + order; });
+        const QString stands =
+            QString("\nin 3ds Max at %1, %2 (before the object scale)").arg(pl.maxX).arg(pl.maxY);
+        consider(pl.at.x, pl.at.z, [&] { return modelText(pl.number) + "\n" + order + stands; });
         if (pl.folded)
             consider(pl.folded->x, pl.folded->z, [&] {
                 return modelText(pl.number) + "\n" + order +
-                       QString("\nlands at %1, %2 after folding")
-                           .arg(pl.folded->x)
-                           .arg(pl.folded->z);
+                       QString("\nfolded to %1, %2").arg(pl.folded->x).arg(pl.folded->z) + stands;
             });
     }
     return text;

@@ -265,6 +265,10 @@ void SceneMapper::PlaceSelection(SceneMap& map)
                 }))
                 m.Note(section + " cannot be folded", *f);
         }
+        const GroundPoint stands = p.folded.value_or(p.at);
+        const MaxGround max = ToMaxGround(stands.x, stands.z, geometry.centre);
+        p.maxX = max.x.value();
+        p.maxY = max.y.value();
         const Vec3 look = WorkingVector(m.quiet, m.Read(section, "LookVector"));
         p.lookX = look.x;
         p.lookY = look.y;

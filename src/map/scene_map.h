@@ -39,6 +39,7 @@ struct MapPlacement {
     GroundPoint at;                    // the model's position in the scene
     std::optional<GroundPoint> folded; // perimeter mode: where the copy lands
     double lookX = 0, lookY = 0;       // heading: the look vector in 3ds Max's x and y
+    double maxX = 0, maxY = 0;         // where it stands in 3ds Max, before the object scale
     bool first = false;                // the merged object itself
 };
 

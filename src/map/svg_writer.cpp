@@ -207,10 +207,9 @@ private:
                  << p.number << "\" d=\"" << Ring(p.at.z, p.at.x, r)
                  << Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm) << "\"/>\n";
             if (p.folded)
-                out_ << "<path class=\"folded"
-                     << "\" data-model=\"" << p.number << "\" d=\"M" << Fmt(p.at.z) << " "
-                     << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " " << Fmt(p.folded->x)
-                     << Ring(p.folded->z, p.folded->x, r)
+                out_ << "<path class=\"folded\" data-model=\"" << p.number << "\" d=\"M"
+                     << Fmt(p.at.z) << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " "
+                     << Fmt(p.folded->x) << Ring(p.folded->z, p.folded->x, r)
                      << Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm) << "\"/>\n";
         }
         out_ << "</g>\n";

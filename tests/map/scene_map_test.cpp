@@ -89,6 +89,10 @@ TEST(SceneMap, PlacementsInScriptOrderWithFirstAndFolding)
             EXPECT_EQ(p.lookX, -1);
             EXPECT_EQ(p.lookY, 0);
             ASSERT_EQ(p.folded.has_value(), !r.folded.empty());
+            // 3ds Max's x runs along scene z, its y against scene x, from the origin.
+            const GroundPoint stands = p.folded.value_or(p.at);
+            EXPECT_EQ(p.maxX, stands.z - map.centre);
+            EXPECT_EQ(p.maxY, map.centre - stands.x);
             if (p.folded) {
                 EXPECT_EQ(p.folded->x, r.folded[i].x);
                 EXPECT_EQ(p.folded->z, r.folded[i].z);
