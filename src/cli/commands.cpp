@@ -13,13 +13,15 @@ int Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
 {
     CommandContext context{out, err, programFolder.empty() ? ProgramFolder() : programFolder, {}};
     CLI::App cli{"tos-cli: the Tolvarine Object Scripter from the command line.\n"
-                 "Lists a project's objects, writes MAXScript files and combines them.",
+                 "Lists a project's objects, writes MAXScript files and combines them,\n"
+                 "and draws scene maps.",
                  "tos-cli"};
     cli.set_version_flag("--version", std::string("tos-cli ") + TOS_VERSION);
     cli.require_subcommand(0, 1);
     AddObjectsCommand(cli, context);
     AddScriptCommand(cli, context);
     AddCombineCommand(cli, context);
+    AddMapCommand(cli, context);
 
     try {
         cli.parse(argc, argv);

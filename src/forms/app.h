@@ -5,6 +5,7 @@
 #include "forms/compiler_form.h"
 #include "forms/main_form.h"
 #include "forms/run_state.h"
+#include "forms/scene_map_form.h"
 #include "support/platform.h"
 #include "support/profile.h"
 
@@ -38,6 +39,7 @@ struct App {
     RunState state;
     MainForm main;
     CompilerForm compiler;
+    SceneMapForm sceneMap;
 };
 
 } // namespace tos

@@ -40,6 +40,7 @@ MainForm::MainForm()
       btnProcess("btnProcess", "&Process"),
       chkSave("chkSave", "Save To File", 0),
       btnRunScriptCompiler("btnRunScriptCompiler", "Combine Scripts..."),
+      btnSceneMap("btnSceneMap", "Scene &Map..."),
       btnViewHelp("btnViewHelp", "View &Help"),
       btnExit("btnExit", "E&xit"),
       chkUseObjectScale("chkUseObjectScale", "Use Object Scale (%)", 1),
@@ -71,6 +72,7 @@ MainForm::MainForm()
     txtVerticalOffset.SetToolTip(kNumbersOnly);
     btnBrowseMaxFile.SetToolTip("Browse for your 3dsMax file");
     btnProcess.SetEnabled(false);
+    btnSceneMap.SetToolTip("Where the copies of the selected row will stand");
     Grey(txtGridSize);
 
     List2.SetBack(BackColor::ButtonFace);

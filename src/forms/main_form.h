@@ -52,6 +52,7 @@ struct MainForm {
     Button btnProcess;
     CheckBox chkSave;
     Button btnRunScriptCompiler;
+    Button btnSceneMap; // opens the scene map, which only looks
     Button btnViewHelp;
     Button btnExit;
     CheckBox chkUseObjectScale;

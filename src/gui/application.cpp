@@ -5,6 +5,7 @@
 #include "gui/compiler_window.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
+#include "gui/scene_map_window.h"
 #include "forms/app.h"
 #include "shell/startup.h"
 
@@ -22,6 +23,7 @@ int RunApplication(int argc, char** argv)
 
     MainWindow main(app);
     CompilerWindow compiler(app, &main);
+    SceneMapWindow sceneMap(app, &main);
     platform.SetFormWidget(FormId::Main, &main);
     platform.SetFormWidget(FormId::Compiler, &compiler);
 

@@ -80,6 +80,7 @@ void MainWindow::BuildProjectFrame()
 
     MakeLabel(f.lblVerticalScale, frame)->setGeometry(10, 140, labelWidth, kRow);
     MakeTextBox(f.txtVerticalScale, frame)->setGeometry(boxLeft, 140, 64, kRow);
+    MakeButton(f.btnSceneMap, frame)->setGeometry(boxLeft + 76, 140, kLeftWidth - boxLeft - 86, 24);
     MakeLabel(f.lblVerticalOffest, frame)->setGeometry(10, 162, labelWidth, kRow);
     MakeTextBox(f.txtVerticalOffset, frame)->setGeometry(boxLeft, 162, 64, kRow);
 }

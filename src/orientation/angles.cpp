@@ -12,12 +12,8 @@ namespace tos {
 
 namespace {
 
-struct Vec {
-    double x, y, z;
-};
-
 // Exact comparison: the rounding to 6 decimals is the only tolerance, and -0 equals 0.
-bool Same(const Vec& a, const Vec& b)
+bool Same(const Vec3& a, const Vec3& b)
 {
     return a.x == b.x && a.y == b.y && a.z == b.z;
 }
@@ -26,14 +22,14 @@ enum class Axis { None, X, Y };
 
 // A look vector of a look table and its heading; no heading means no Z turn.
 struct LookCase {
-    Vec look;
+    Vec3 look;
     bool turns;
     double angleZ;
 };
 
 // A row of the up table: its base turn, its four looks, and what any other look gets.
 struct UpCase {
-    Vec up;
+    Vec3 up;
     Axis baseAxis;
     double baseAngle;
     std::array<LookCase, 4> looks;
@@ -53,16 +49,6 @@ const std::array<UpCase, 6>& UpTable()
     }};
     // clang-format on
     return table;
-}
-
-// A scene vector text turned into working axes: (x, y, z) becomes (z, -x, y),
-// each element rounded to 6 decimals before the mapping.
-Vec WorkingVector(App& app, const std::string& text)
-{
-    double e[3];
-    for (int i = 0; i < 3; ++i)
-        e[i] = RoundHalfEven(TextToNumber(GetElement(app.platform, text, ",", Int16(i))), 6);
-    return {e[2], (Num(e[0]) * Num(-1)).value(), e[1]};
 }
 
 // The trap of the four angle routines: two boxes, then the routine ends with
@@ -153,6 +139,14 @@ void FreeOrientation(RunState& s, bool upZPositive)
 
 } // namespace
 
+Vec3 WorkingVector(Platform& platform, const std::string& text)
+{
+    double e[3];
+    for (int i = 0; i < 3; ++i)
+        e[i] = RoundHalfEven(TextToNumber(GetElement(platform, text, ",", Int16(i))), 6);
+    return {e[2], (Num(e[0]) * Num(-1)).value(), e[1]};
+}
+
 void CalculateAngles(App& app, const std::string& section)
 {
     RunState& s = app.state;
@@ -162,11 +156,11 @@ void CalculateAngles(App& app, const std::string& section)
 
     const std::string lookText = app.profiles.GetINIString(section, "LookVector", s.ScnFile);
     const std::string upText = app.profiles.GetINIString(section, "UpVector", s.ScnFile);
-    const Vec look = WorkingVector(app, lookText);
+    const Vec3 look = WorkingVector(app.platform, lookText);
     s.LookX = look.x;
     s.LookY = look.y;
     s.LookZ = look.z;
-    const Vec up = WorkingVector(app, upText);
+    const Vec3 up = WorkingVector(app.platform, upText);
     s.UpX = up.x;
     s.UpY = up.y;
     s.UpZ = up.z;

@@ -5,6 +5,16 @@
 namespace tos {
 
 struct App;
+class Platform;
+
+// A vector in working axes, those of 3ds Max.
+struct Vec3 {
+    double x = 0, y = 0, z = 0;
+};
+
+// A scene vector given as text "x,y,z" in working axes: (x, y, z) becomes
+// (z, -x, y), each element rounded to 6 decimals before the mapping.
+Vec3 WorkingVector(Platform& platform, const std::string& text);
 
 // Reads LookVector and UpVector of the model section of the scene and leaves the
 // working vectors, the turns and their flags in the run state. It has no trap of

@@ -81,16 +81,7 @@ TileWindow ReadTileWindowAndLinkScale(App& app)
     Num gridSize = RoundHalfEven(TextToNumber(f.txtGridSize.Text()), 0);
     Num objectScale = TextToNumber(f.txtObjectScale.Text());
 
-    TileWindow w;
-    if (tiles == Num(6)) {
-        w.tile = gridRes * Num(512);
-        w.start = gridRes * Num(512);
-        w.end = gridRes * Num(512) + w.start;
-    } else {
-        w.tile = gridRes * Num(256);
-        w.start = gridRes * Num(256) * (tiles - Num(1)) / Num(2);
-        w.end = gridRes * Num(256) + w.start;
-    }
+    const TileWindow w = MainTileWindow(gridRes, tiles);
 
     if (f.chkUseObjectScale.Value() == 1) {
         gridSize = RoundHalfEven((objectScale * w.tile / Num(100)).value(), 0);

@@ -3,23 +3,13 @@
 #include <functional>
 #include <string>
 
+#include "orientation/tile_grid.h"
 #include "support/checked.h"
 
 namespace tos {
 
 struct App;
 struct MainForm;
-
-// The square of the main tile in the scene's ground axes (x and z), with the
-// side of one tile that the scale and grid size are worked out from.
-struct TileWindow {
-    Num tile;
-    Num start;
-    Num end;
-
-    // Both ends count as inside.
-    bool Contains(Num x, Num z) const { return start <= x && x <= end && start <= z && z <= end; }
-};
 
 // Reads the grid values of the form, works out the window and brings the grid
 // size and object scale into line: whichever box chkUseObjectScale says rules

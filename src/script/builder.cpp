@@ -4,6 +4,7 @@
 #include <string>
 
 #include "orientation/angles.h"
+#include "orientation/tile_grid.h"
 #include "script/script_text.h"
 #include "forms/app.h"
 #include "support/conversions.h"
@@ -15,38 +16,11 @@ namespace tos {
 
 namespace {
 
-// Where the tile grid puts the origin of 3ds Max, and how perimeter models fold.
-struct TileGeometry {
-    Num tile;
-    Num centre;
-    Num limit; // perimeter mode only
-};
-
-TileGeometry WorkOutGeometry(bool mainTile, Num gridRes, double tiles)
-{
-    if (mainTile && tiles == 6.0) {
-        return {gridRes * Num(512), gridRes * Num(512) * Num(3) / Num(2), Num(0)};
-    }
-    if (mainTile) {
-        return {gridRes * Num(256), gridRes * Num(256) * Num(tiles) / Num(2), Num(0)};
-    }
-    return {gridRes * Num(256), gridRes * Num(256) / Num(2), gridRes * Num(256)};
-}
-
-// Brings a coordinate beyond the first tile back by whole tiles.
-Num Fold(Num v, const TileGeometry& g)
-{
-    if (!(v > g.limit))
-        return v;
-    const Int16 m = ToInt16((Num(FloorNumber(((v - g.limit) / g.tile).value())) + Num(1)).value());
-    return v - Num(m.value()) * g.tile;
-}
-
 // One run of a builder: the form's values as read at its start, and the script.
 class Build {
 public:
     Build(App& app, const BuilderKind& kind)
-        : app_(app), kind_(kind), form_(app.main), rows_(app.main.*kind.list)
+        : app_(app), kind_(kind), form_(app.main), rows_(app.main.*kind.walk.list)
     {
     }
 
@@ -92,14 +66,12 @@ public:
 private:
     bool Matches(const std::string& row)
     {
-        return !kind_.matchesSelection ||
-               GetElement(app_.platform, row, "|", Int16(0)) == selection_;
+        return RowCounts(app_.platform, kind_.walk, row, selection_);
     }
 
     std::string SectionOf(const std::string& row)
     {
-        const std::string field = GetElement(app_.platform, row, "|", kind_.modelNumberField);
-        return "Model" + IntegerToText(ToInt32(TextToNumber(field)).value());
+        return "Model" + IntegerToText(ModelNumberOfRow(app_.platform, kind_.walk, row).value());
     }
 
     bool FullSize() const { return objectScale_ == Num(100); }
@@ -115,9 +87,9 @@ private:
             x = Fold(x, geometry_);
             z = Fold(z, geometry_);
         }
-        const Num centre = geometry_.centre;
-        Num maxX = z - centre;
-        Num maxY = centre + centre - x - centre;
+        const MaxGround ground = ToMaxGround(x, z, geometry_.centre);
+        Num maxX = ground.x;
+        Num maxY = ground.y;
         Num maxZ = verticalScale_ * y + verticalOffset_;
         if (!FullSize()) {
             maxX = objectScale_ * maxX / Num(100);
@@ -191,7 +163,7 @@ void RunBuilder(App& app, const BuilderKind& kind)
 
 void BuildScript(App& app)
 {
-    static const BuilderKind kind{"BuildScript", &MainForm::lstSCNdata2, true, Int16(1), nullptr};
+    static const BuilderKind kind{"BuildScript", kObjectRows, nullptr};
     RunBuilder(app, kind);
 }
 

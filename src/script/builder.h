@@ -1,7 +1,6 @@
 #pragma once
 
-#include "forms/main_form.h"
-#include "support/checked.h"
+#include "forms/record_walk.h"
 
 namespace tos {
 
@@ -10,9 +9,7 @@ struct App;
 // What sets one builder apart from another; everything else they share.
 struct BuilderKind {
     const char* routine;     // name in the trap message
-    ListBox MainForm::*list; // record list walked
-    bool matchesSelection;   // only rows whose field 0 equals the selection count
-    Int16 modelNumberField;  // field of a row that holds the model number
+    RecordWalk walk;         // record list walked and how its rows read
     const char* fileSubject; // names the file; nullptr: the selection does
 };
 

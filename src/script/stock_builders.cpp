@@ -6,40 +6,36 @@ namespace tos {
 
 namespace {
 
-// Stock rows hold the model number in field 0, and every row of the list counts.
-constexpr BuilderKind StockKind(const char* routine, ListBox MainForm::*list,
-                                const char* fileSubject)
+// Option n of the object list walks stock group n.
+constexpr BuilderKind StockKind(const char* routine, int option, const char* fileSubject)
 {
-    return {routine, list, false, Int16(0), fileSubject};
+    return {routine, kStockGroupRows[static_cast<std::size_t>(option - 1)], fileSubject};
 }
 
 } // namespace
 
 void BuildBillboardScript(App& app)
 {
-    static const BuilderKind kind =
-        StockKind("BuildBillboardScript", &MainForm::lstBillboards, "Billboards");
+    static const BuilderKind kind = StockKind("BuildBillboardScript", 1, "Billboards");
     RunBuilder(app, kind);
 }
 
 void BuildBaleScript(App& app)
 {
-    static const BuilderKind kind = StockKind("BuildBaleScript", &MainForm::lstBales, "Bales");
+    static const BuilderKind kind = StockKind("BuildBaleScript", 2, "Bales");
     RunBuilder(app, kind);
 }
 
 void BuildTripleBaleScript(App& app)
 {
-    static const BuilderKind kind =
-        StockKind("BuildTripleBaleScript", &MainForm::lstTripleBales, "TripleBales");
+    static const BuilderKind kind = StockKind("BuildTripleBaleScript", 3, "TripleBales");
     RunBuilder(app, kind);
 }
 
 void Build55GalDrum_TrashCanScript(App& app)
 {
     static const BuilderKind kind =
-        StockKind("Build55GalDrum_TrashCanScript", &MainForm::lst55GalDrums_TrashCans,
-                  "55GalDrums_TrashCans");
+        StockKind("Build55GalDrum_TrashCanScript", 4, "55GalDrums_TrashCans");
     RunBuilder(app, kind);
 }
 

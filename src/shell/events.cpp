@@ -3,6 +3,7 @@
 #include "combiner/script_combiner.h"
 #include "project/project_load.h"
 #include "forms/form_events.h"
+#include "map/scene_map_events.h"
 #include "shell/process_command.h"
 
 namespace tos {
@@ -13,6 +14,7 @@ void ConnectEvents(App& app)
     ConnectProjectEvents(app);
     ConnectProcessEvents(app);
     ConnectCombinerEvents(app);
+    ConnectSceneMapEvents(app);
 }
 
 } // namespace tos

@@ -6,6 +6,7 @@
 #include "script/builder.h"
 #include "script/stock_builders.h"
 #include "forms/app.h"
+#include "forms/record_walk.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 
@@ -24,17 +25,9 @@ bool IsListed(const ComboBox& combo, const std::string& selection)
     return found;
 }
 
-struct GroupBuilder {
-    const char* keyword;
-    void (*build)(App&);
-};
-
-constexpr std::array<GroupBuilder, 4> kGroupBuilders{{
-    {"* OPTION 1", BuildBillboardScript},
-    {"* OPTION 2", BuildBaleScript},
-    {"* OPTION 3", BuildTripleBaleScript},
-    {"* OPTION 4", Build55GalDrum_TrashCanScript},
-}};
+// The builders of option rows 1 to 4.
+constexpr std::array<void (*)(App&), 4> kGroupBuilders{
+    BuildBillboardScript, BuildBaleScript, BuildTripleBaleScript, Build55GalDrum_TrashCanScript};
 
 } // namespace
 
@@ -60,15 +53,11 @@ void btnProcess_Click(App& app)
     }
 
     app.SetMousePointer(FormId::Main, kPointerHourglass);
-    const std::string keyword = UpperCase(GetElement(app.platform, selection, ":", Int16(0)));
-    void (*build)(App&) = BuildScript;
-    for (const GroupBuilder& group : kGroupBuilders) {
-        if (keyword == group.keyword) {
-            build = group.build;
-            break;
-        }
-    }
-    build(app);
+    const int option = StockOptionOf(app.platform, selection);
+    if (option == 0)
+        BuildScript(app);
+    else
+        kGroupBuilders[static_cast<std::size_t>(option - 1)](app);
     app.SetMousePointer(FormId::Main, kPointerDefault);
 }
 

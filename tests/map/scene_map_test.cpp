@@ -1,0 +1,184 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "map/map_fixture.h"
+#include "map/scene_map.h"
+
+namespace tos::test {
+namespace {
+
+struct Loaded : LoadFixture {
+    Loaded(bool perimeter, const std::string& scene = MapScene())
+    {
+        if (perimeter)
+            app->main.chkPerimeterTile.SetValue(1);
+        Load(scene);
+        platform.ClearMessages();
+    }
+    SceneMap Map(const std::string& selection)
+    {
+        app->main.comboSelectObject.SetText(selection);
+        return SceneMapper(*app).Build();
+    }
+};
+
+TEST(SceneMap, ModelsByKindAndWhatTheLoadTook)
+{
+    struct Row {
+        ModelKind kind;
+        bool takenMain;
+        bool takenPerimeter;
+    };
+    const Row rows[] = {
+        {.kind = ModelKind::Object, .takenMain = true, .takenPerimeter = false},
+        {.kind = ModelKind::Object, .takenMain = false, .takenPerimeter = true},
+        {.kind = ModelKind::Billboard, .takenMain = true, .takenPerimeter = false},
+        {.kind = ModelKind::Bale, .takenMain = false, .takenPerimeter = true},
+        {.kind = ModelKind::TripleBale, .takenMain = true, .takenPerimeter = false},
+        {.kind = ModelKind::Drum, .takenMain = true, .takenPerimeter = false},
+        {.kind = ModelKind::Other, .takenMain = false, .takenPerimeter = false},
+        {.kind = ModelKind::Object, .takenMain = false, .takenPerimeter = true},
+        {.kind = ModelKind::Object, .takenMain = true, .takenPerimeter = false},
+    };
+    for (const bool perimeter : {false, true}) {
+        Loaded f(perimeter);
+        const SceneMap map = f.Map("");
+        ASSERT_EQ(map.models.size(), std::size(rows));
+        for (std::size_t i = 0; i < std::size(rows); ++i) {
+            SCOPED_TRACE("model " + std::to_string(i + 1) + (perimeter ? " perimeter" : ""));
+            EXPECT_EQ(map.models[i].number, int(i + 1));
+            EXPECT_STREQ(KindClass(map.models[i].kind), KindClass(rows[i].kind));
+            EXPECT_EQ(map.models[i].taken, perimeter ? rows[i].takenPerimeter : rows[i].takenMain);
+        }
+        EXPECT_EQ(map.models[0].value, "Tree_KV_Oak.SLT");
+        EXPECT_EQ(map.models[0].y, 4);
+        EXPECT_TRUE(map.placements.empty());
+    }
+}
+
+TEST(SceneMap, PlacementsInScriptOrderWithFirstAndFolding)
+{
+    struct Row {
+        bool perimeter;
+        const char* selection;
+        std::vector<int> numbers;
+        std::vector<GroundPoint> folded; // empty: none folded
+    };
+    const Row rows[] = {
+        {.perimeter = false, .selection = "Tree", .numbers = {1, 9}, .folded = {}},
+        {.perimeter = false, .selection = "tree", .numbers = {}, .folded = {}},
+        {.perimeter = true, .selection = "Barn", .numbers = {2}, .folded = {{0.5, 0}}},
+        {.perimeter = true, .selection = "Tree", .numbers = {8}, .folded = {{0.5, 464}}},
+        {.perimeter = true,
+         .selection = "* Option 2:  All Stock Single Bales",
+         .numbers = {4},
+         .folded = {{100, 100}}},
+        {.perimeter = false, .selection = "* option 3:  x", .numbers = {5}, .folded = {}},
+    };
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.selection);
+        Loaded f(r.perimeter);
+        const SceneMap map = f.Map(r.selection);
+        ASSERT_EQ(map.placements.size(), r.numbers.size());
+        for (std::size_t i = 0; i < r.numbers.size(); ++i) {
+            const MapPlacement& p = map.placements[i];
+            EXPECT_EQ(p.number, r.numbers[i]);
+            EXPECT_EQ(p.first, i == 0);
+            // Every test model looks along scene -z: 3ds Max's -x.
+            EXPECT_EQ(p.lookX, -1);
+            EXPECT_EQ(p.lookY, 0);
+            ASSERT_EQ(p.folded.has_value(), !r.folded.empty());
+            // 3ds Max's x runs along scene z, its y against scene x, from the origin.
+            const GroundPoint stands = p.folded.value_or(p.at);
+            EXPECT_EQ(p.maxX, stands.z - map.centre);
+            EXPECT_EQ(p.maxY, map.centre - stands.x);
+            if (p.folded) {
+                EXPECT_EQ(p.folded->x, r.folded[i].x);
+                EXPECT_EQ(p.folded->z, r.folded[i].z);
+            }
+        }
+    }
+}
+
+TEST(SceneMap, TileWindowAndOriginFollowTheGrid)
+{
+    struct Row {
+        const char* width;
+        const char* scale;
+        bool perimeter;
+        double start, end, centre, terrain;
+    };
+    const Row rows[] = {
+        {.width = "5",
+         .scale = "3.0",
+         .perimeter = false,
+         .start = 1536,
+         .end = 2304,
+         .centre = 1920,
+         .terrain = 3840},
+        {.width = "6",
+         .scale = "1",
+         .perimeter = false,
+         .start = 512,
+         .end = 1024,
+         .centre = 768,
+         .terrain = 1536},
+        {.width = "6",
+         .scale = "1",
+         .perimeter = true,
+         .start = 512,
+         .end = 1024,
+         .centre = 128,
+         .terrain = 1536},
+        {.width = "1",
+         .scale = "2",
+         .perimeter = false,
+         .start = 0,
+         .end = 512,
+         .centre = 256,
+         .terrain = 512},
+    };
+    for (const Row& r : rows) {
+        SCOPED_TRACE(std::string(r.width) + " tiles at " + r.scale);
+        Loaded f(r.perimeter,
+                 SceneText({{.value = "A.SLT", .position = "1,2,3"}}, "auto", r.width, r.scale));
+        const SceneMap map = f.Map("A");
+        EXPECT_EQ(map.windowStart, r.start);
+        EXPECT_EQ(map.windowEnd, r.end);
+        EXPECT_EQ(map.centre, r.centre);
+        EXPECT_EQ(map.terrainSide, r.terrain);
+        EXPECT_EQ(map.mainTile, !r.perimeter);
+    }
+}
+
+TEST(SceneMap, OnlyLooks)
+{
+    Loaded f(false);
+    App& app = *f.app;
+    app.main.txtGridSize.SetText("700");
+    app.main.chkUseObjectScale.SetValue(0);
+    app.main.comboSelectObject.SetText("Tree");
+    const std::string scale = app.main.txtObjectScale.Text();
+    const auto rows = app.main.lstSCNdata2.Rows();
+    app.state.LookX = 7;
+    f.platform.ClearMessages();
+
+    SceneMap map = SceneMapper(app).Build();
+    EXPECT_EQ(map.placements.size(), 2u);
+    // A scene gone from the disk is a note of the map, never a box.
+    std::filesystem::remove(f.dir.File("Scene.scn"));
+    map = SceneMapper(app).Build();
+    EXPECT_TRUE(map.models.empty());
+    EXPECT_FALSE(map.notes.empty());
+
+    EXPECT_TRUE(f.Messages().empty()) << testing::PrintToString(f.Messages());
+    EXPECT_EQ(app.main.txtObjectScale.Text(), scale);
+    EXPECT_EQ(app.main.txtGridSize.Text(), "700");
+    EXPECT_EQ(app.main.lstSCNdata2.Rows(), rows);
+    EXPECT_EQ(app.state.LookX, 7);
+    EXPECT_TRUE(app.main.List2.Rows().empty());
+}
+
+} // namespace
+} // namespace tos::test
