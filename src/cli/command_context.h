@@ -28,5 +28,6 @@ struct CommandContext {
 void AddObjectsCommand(CLI::App& cli, CommandContext& context);
 void AddScriptCommand(CLI::App& cli, CommandContext& context);
 void AddCombineCommand(CLI::App& cli, CommandContext& context);
+void AddBatchCommand(CLI::App& cli, CommandContext& context);
 
 } // namespace tos::cli

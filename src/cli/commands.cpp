@@ -20,6 +20,7 @@ int Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
     AddObjectsCommand(cli, context);
     AddScriptCommand(cli, context);
     AddCombineCommand(cli, context);
+    AddBatchCommand(cli, context);
 
     try {
         cli.parse(argc, argv);
