@@ -18,6 +18,8 @@ struct BatchItem {
     std::optional<std::string> verticalScale;
     std::optional<std::string> verticalOffset;
     bool process = true; // unchecked rows are kept in the list but not run
+
+    bool operator==(const BatchItem&) const = default;
 };
 
 // The keys of Select, MaxFile and ObjectName that the item lacks, in this

@@ -137,7 +137,8 @@ std::string JoinedLine(const BatchReport& report)
     if (report.joinedFile.empty())
         return "Nothing joined.";
     return "Joined: " + report.joinedFile + ", " +
-           IntegerToText(static_cast<long long>(report.joinedScripts)) + " scripts";
+           IntegerToText(static_cast<long long>(report.joinedScripts)) +
+           (report.joinedScripts == 1 ? " script" : " scripts");
 }
 
 std::vector<std::string> SummaryLines(const BatchReport& report)
