@@ -32,7 +32,7 @@ void ConnectRow(App& app, BatchRow& row)
         if (!row.chkUseTolvarineName.Checked())
             return;
         row.chkUseMaxName.SetValue(0);
-        row.txtObjectName.SetText(row.lblSelect.Caption());
+        row.txtObjectName.SetText(row.selection);
     });
     row.chkUseMaxName.Click.Connect([&app, &row] {
         if (!row.chkUseMaxName.Checked())
@@ -82,7 +82,7 @@ void CopyRow(const BatchRow& from, BatchRow& to)
 BatchItem ItemOf(const BatchRow& row)
 {
     BatchItem item;
-    item.select = row.lblSelect.Caption();
+    item.select = row.selection;
     item.maxFile = row.txtMaxFile.Text();
     item.objectName = row.txtObjectName.Text();
     item.process = row.chkProcess.Checked();
@@ -98,7 +98,7 @@ BatchRow* RowOf(BatchForm& form, const std::string& select)
 {
     const std::string wanted = UpperCase(select);
     for (auto& row : form.rows)
-        if (UpperCase(row->lblSelect.Caption()) == wanted)
+        if (UpperCase(row->selection) == wanted)
             return row.get();
     return nullptr;
 }
@@ -111,7 +111,7 @@ void MakeBatchRows(App& app, BatchForm& form, bool keep)
     std::map<std::string, const BatchRow*> bySelection;
     if (keep)
         for (const auto& row : former)
-            bySelection.emplace(row->lblSelect.Caption(), row.get());
+            bySelection.emplace(row->selection, row.get());
     form.rows.clear();
     const std::vector<std::string>& objects = app.main.comboSelectObject.Items().Rows();
     for (std::size_t i = 0; i < objects.size(); ++i) {

@@ -9,13 +9,13 @@ std::string Named(const char* control, int index)
 }
 } // namespace
 
-BatchRow::BatchRow(int index, std::string selection)
-    : lblSelect(Named("lblSelect", index), std::move(selection)),
-      chkProcess(Named("chkProcess", index), "", 0), txtMaxFile(Named("txtMaxFile", index)),
+BatchRow::BatchRow(int index, const std::string& selection)
+    : selection(selection), chkProcess(Named("chkProcess", index), selection, 0),
+      txtMaxFile(Named("txtMaxFile", index)),
       btnBrowseMaxFile(Named("btnBrowseMaxFile", index), "Browse"),
       txtObjectName(Named("txtObjectName", index)),
-      chkUseTolvarineName(Named("chkUseTolvarineName", index), "Tolvarine name", 0),
-      chkUseMaxName(Named("chkUseMaxName", index), "Max file name", 0),
+      chkUseTolvarineName(Named("chkUseTolvarineName", index), "Tolvarine", 0),
+      chkUseMaxName(Named("chkUseMaxName", index), "Max file", 0),
       txtVerticalScale(Named("txtVerticalScale", index)),
       txtVerticalOffset(Named("txtVerticalOffset", index))
 {

@@ -12,12 +12,12 @@ namespace tos {
 // One object row of the batch window. Its controls are named after the row's
 // index ("txtMaxFile_3"), so a view can find each.
 struct BatchRow {
-    BatchRow(int index, std::string selection);
+    BatchRow(int index, const std::string& selection);
     BatchRow(const BatchRow&) = delete;
     BatchRow& operator=(const BatchRow&) = delete;
 
-    Label lblSelect; // the row of the object list
-    CheckBox chkProcess;
+    const std::string selection; // the row of the object list
+    CheckBox chkProcess;         // captioned with the selection
     TextBox txtMaxFile;
     Button btnBrowseMaxFile;
     TextBox txtObjectName;

@@ -23,7 +23,6 @@ namespace {
 
 enum Column {
     kProcess,
-    kSelect,
     kMaxFile,
     kBrowse,
     kObjectName,
@@ -44,7 +43,7 @@ BatchWindow::BatchWindow(BatchForm& form, QWidget* owner)
     setWindowTitle(FromCp1252(form.caption));
     BuildControls();
     BuildTable();
-    resize(980, 560);
+    resize(1100, 600);
 
     // The model outlives the window in tests; its notifiers must not reach a dead window.
     QPointer<BatchWindow> self(this);
@@ -86,9 +85,9 @@ void BatchWindow::BuildControls()
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(file);
-    layout->addWidget(table_, 3);
+    layout->addWidget(table_, 4);
     layout->addWidget(new QLabel(tr("Summary of the last run:"), this));
-    layout->addWidget(MakeListBox(form_.lstSummary, this), 2);
+    layout->addWidget(MakeListBox(form_.lstSummary, this), 1);
     layout->addLayout(buttons);
 }
 
@@ -99,25 +98,30 @@ void BatchWindow::BuildTable()
     auto* inner = new QWidget;
     auto* grid = new QGridLayout(inner);
     const std::pair<Column, const char*> headings[] = {
-        {kProcess, "Process"},        {kSelect, "Object"},          {kMaxFile, "MAX file"},
-        {kObjectName, "Object name"}, {kUseTolvarine, "Name from"}, {kScale, "Vertical scale"},
-        {kOffset, "Vertical offset"},
+        {kProcess, "Process object"}, {kMaxFile, "MAX file"},      {kObjectName, "Object name"},
+        {kUseTolvarine, "Name from"}, {kScale, "Vertical\nscale"}, {kOffset, "Vertical\noffset"},
     };
     for (const auto& [column, text] : headings)
         grid->addWidget(new QLabel(tr(text), inner), 0, column);
     int line = 1;
     for (const auto& row : form_.rows) {
-        grid->addWidget(MakeCheckBox(row->chkProcess, inner), line, kProcess);
-        grid->addWidget(MakeLabel(row->lblSelect, inner), line, kSelect);
-        grid->addWidget(MakeTextBox(row->txtMaxFile, inner), line, kMaxFile);
-        grid->addWidget(MakeButton(row->btnBrowseMaxFile, inner), line, kBrowse);
-        grid->addWidget(MakeTextBox(row->txtObjectName, inner), line, kObjectName);
+        grid->addWidget(MakeCheckBox(row->chkProcess, inner), line, kProcess, Qt::AlignLeft);
+        // Paths are long and names middling; the two numbers are short.
+        QLineEdit* maxFile = MakeTextBox(row->txtMaxFile, inner);
+        maxFile->setMinimumWidth(240);
+        grid->addWidget(maxFile, line, kMaxFile);
+        QPushButton* browse = MakeButton(row->btnBrowseMaxFile, inner);
+        browse->setMaximumWidth(64);
+        grid->addWidget(browse, line, kBrowse);
+        QLineEdit* name = MakeTextBox(row->txtObjectName, inner);
+        name->setMinimumWidth(120);
+        grid->addWidget(name, line, kObjectName);
         grid->addWidget(MakeCheckBox(row->chkUseTolvarineName, inner), line, kUseTolvarine);
         grid->addWidget(MakeCheckBox(row->chkUseMaxName, inner), line, kUseMax);
         for (auto [box, column] : {std::pair{&row->txtVerticalScale, kScale},
                                    std::pair{&row->txtVerticalOffset, kOffset}}) {
             QLineEdit* edit = MakeTextBox(*box, inner);
-            edit->setMaximumWidth(90);
+            edit->setMaximumWidth(70);
             grid->addWidget(edit, line, column);
         }
         ++line;
