@@ -136,6 +136,7 @@ void btnProcessAll_Click(App& app, BatchForm& form)
         form.txtBatchFile.SetText(file);
         if (!file.empty() && FileExists(file))
             LoadBatchList(app, form, file);
+        form.keptItems = BatchItems(form);
     }
     form.visible = true;
     form.formView.Notify();
@@ -174,6 +175,7 @@ void LoadBatchList(App& app, BatchForm& form, const std::string& file)
             row->txtVerticalOffset.SetText(item.verticalOffset.value_or(""));
         }
         form.txtBatchFile.SetText(file);
+        form.keptItems = BatchItems(form);
     }
     if (!read.problems.empty()) {
         std::string text;
@@ -197,10 +199,13 @@ std::vector<BatchItem> BatchItems(const BatchForm& form)
 
 void SaveBatchList(App& app, BatchForm& form, const std::string& file)
 {
-    if (auto failure = Trap([&] { WriteBatchList(app, file, BatchItems(form)); }))
+    const std::vector<BatchItem> items = BatchItems(form);
+    if (auto failure = Trap([&] { WriteBatchList(app, file, items); })) {
         app.Message(TrapMessageLines("btnSave", *failure));
-    else
-        form.txtBatchFile.SetText(file);
+        return;
+    }
+    form.txtBatchFile.SetText(file);
+    form.keptItems = items;
 }
 
 void btnLoad_Click(App& app, BatchForm& form)
@@ -245,8 +250,12 @@ void btnRunBatch_Click(App& app, BatchForm& form)
     SetPointer(app, form, kPointerDefault);
 }
 
-void btnClose_Click(BatchForm& form)
+void btnClose_Click(App& app, BatchForm& form)
 {
+    // The table outlives the window only while the program runs.
+    if (BatchItems(form) != form.keptItems)
+        app.Message("The table holds changes that no batch list keeps yet; open Process All "
+                    "again and press Save... to keep them.");
     form.visible = false;
     form.formView.Notify();
 }
@@ -257,7 +266,7 @@ void ConnectBatchEvents(App& app, BatchForm& form)
     form.btnLoad.Click.Connect([&app, &form] { btnLoad_Click(app, form); });
     form.btnSave.Click.Connect([&app, &form] { btnSave_Click(app, form); });
     form.btnRunBatch.Click.Connect([&app, &form] { btnRunBatch_Click(app, form); });
-    form.btnClose.Click.Connect([&form] { btnClose_Click(form); });
+    form.btnClose.Click.Connect([&app, &form] { btnClose_Click(app, form); });
 }
 
 } // namespace tos

@@ -31,7 +31,9 @@ void btnLoad_Click(App& app, BatchForm& form);
 void btnSave_Click(App& app, BatchForm& form);
 // Runs the checked rows in their order and fills the summary.
 void btnRunBatch_Click(App& app, BatchForm& form);
-void btnClose_Click(BatchForm& form);
+// Hides the window; tells the user when the table differs from the batch list
+// last read or saved.
+void btnClose_Click(App& app, BatchForm& form);
 
 // Connects the main form's button and the batch form's own buttons.
 void ConnectBatchEvents(App& app, BatchForm& form);

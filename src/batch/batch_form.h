@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/batch_list.h"
 #include "forms/controls.h"
 
 namespace tos {
@@ -44,6 +45,9 @@ struct BatchForm {
     std::function<void()> showModal;
     // ScriptBasePath of the project the rows were made for.
     std::string rowsProject;
+    // The rows as the batch list last read or saved holds them, so that closing
+    // can tell about changes that no file keeps yet.
+    std::vector<BatchItem> keptItems;
 
     std::vector<std::unique_ptr<BatchRow>> rows;
     Label lblBatchFile;

@@ -6,6 +6,7 @@
 #include <QListView>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
 
 #include "batch/batch_events.h"
 #include "batch/batch_form.h"
@@ -75,11 +76,21 @@ TEST(BatchWindowTest, TableFilledFromTheListEditedSavedAndReadBack)
 
         platform.dialogAnswers = {saved};
         QTest::mouseClick(window.findChild<QWidget*>("btnSave"), Qt::LeftButton);
+        // The run goes on unattended: a script that cannot be written is only listed.
+        std::filesystem::permissions(dir.Write("Valley_Main_Tree.ms", "kept"),
+                                     std::filesystem::perms(0444));
         QTest::mouseClick(window.findChild<QWidget*>("btnRunBatch"), Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
-        const auto* summary = window.findChild<QListView*>("lstSummary")->model();
-        EXPECT_EQ(summary->index(0, 0).data().toString().toStdString(),
-                  "Barn: " + dir.File("Valley_Main_Barn.ms") + ", 27 rows");
+        const auto* list = window.findChild<QListView*>("lstSummary")->model();
+        QStringList summary;
+        for (int i = 0; i < list->rowCount(); ++i)
+            summary << list->index(i, 0).data().toString();
+        const QString at = QString::fromStdString(dir.Path().string()) + "/Valley_Main_";
+        EXPECT_EQ(summary,
+                  QStringList({"Barn: " + at + "Barn.ms, 27 rows", "Tree: no script, 1 message",
+                               "    TolvarineObjectScripter: Unexpected error in "
+                               "BuildScript \\n\\n 75 - Path/File access error",
+                               "Joined: " + at + "All.ms, 1 script"}));
         window.close();
         EXPECT_FALSE(window.isVisible());
         window.hide(); // never leave the test stuck in the modal loop
@@ -93,8 +104,9 @@ TEST(BatchWindowTest, TableFilledFromTheListEditedSavedAndReadBack)
                        item.verticalScale.value_or("-") + "|" + (item.process ? "1" : "0"));
     EXPECT_EQ(rows, std::vector<std::string>({"Barn|D:\\Red Barn.max|Red Barn|-|1",
                                               "Rock|R.max|Rock|-|0", "Tree|T.max|Pine|1.5|1"}));
-    EXPECT_EQ(test::ReadBytes(dir.File("Valley_Main_All.ms")).substr(0, 43),
-              "-- Tolvarine Object Scripter for 3dsMax 3.1");
+    EXPECT_EQ(test::ReadBytes(dir.File("Valley_Main_All.ms")),
+              test::ReadBytes(dir.File("Valley_Main_Barn.ms")) + "\r\n\r\n");
+    EXPECT_EQ(platform.messages.size(), 1u); // no box during the run, none at closing
 }
 
 } // namespace
