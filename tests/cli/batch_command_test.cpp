@@ -120,18 +120,20 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
          .error = "The batch list @b.tosbatch cannot be read: File not found (53).", .scripts = 0},
         {.name = "no count", .list = "[Batch]\r\n" + tree, .options = {}, .status = 1, .out = "",
          .error = "@b.tosbatch: [Batch] has no whole number Items", .scripts = 0},
-        {.name = "missing key", .list = "[Batch]\r\nItems=2\r\n" + tree + "[Item2]\r\nSelect=Rock\r\n",
+        {.name = "missing key",
+         .list = "[Batch]\r\nItems=2\r\n" + tree + "[Item2]\r\nSelect=Rock\r\n",
          .options = {}, .status = 1,
          .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nRock: not run, no MaxFile or ObjectName\n"
                 "Joined: @Valley_Main_All.ms, 1 script\n",
          .error = "@b.tosbatch: [Item2] has no MaxFile.", .scripts = 2},
         {.name = "unknown selection",
          .list = "[Batch]\r\nItems=2\r\n[Item1]\r\nSelect=Orchard\r\nMaxFile=O.max\r\n"
-                 "ObjectName=O\r\n" + tree.substr(0, 5) + "2" + tree.substr(6),
+                 "ObjectName=O\r\n[Item2]\r\nSelect=Tree\r\nMaxFile=T.max\r\nObjectName=Pine\r\n",
          .options = {}, .status = 1,
          .out = "Orchard: no script, 1 message\nTree: @Valley_Main_Tree.ms, 40 rows\n"
                 "Joined: @Valley_Main_All.ms, 1 script\n",
-         .error = "TolvarineObjectScripter: Please select only from the Object List\n", .scripts = 2},
+         .error = "TolvarineObjectScripter: Please select only from the Object List\n",
+         .scripts = 2},
         {.name = "no save", .list = "[Batch]\r\nItems=1\r\n" + tree, .options = {"--no-save"},
          .status = 0, .out = "Tree: @Valley_Main_Tree.ms (not saved), 40 rows\nNothing joined.\n",
          .error = "", .scripts = 0},
