@@ -10,6 +10,16 @@ namespace tos {
 
 namespace {
 
+// A user picks the row from the list rather than typing it in other letters:
+// the builder compares exactly, so "barn" would find none of Barn's models.
+std::string RowAsListed(const App& app, const std::string& select)
+{
+    for (const std::string& row : app.main.comboSelectObject.Items().Rows())
+        if (EqualsIgnoringCase(row, select))
+            return row;
+    return select;
+}
+
 BatchItemReport RunItem(App& app, const BatchItem& item, const std::string& scale,
                         const std::string& offset)
 {
@@ -28,7 +38,7 @@ BatchItemReport RunItem(App& app, const BatchItem& item, const std::string& scal
     form.txtMaxObjectName.SetText(item.objectName);
     form.txtVerticalScale.SetText(item.verticalScale.value_or(scale));
     form.txtVerticalOffset.SetText(item.verticalOffset.value_or(offset));
-    form.comboSelectObject.SetText(item.select);
+    form.comboSelectObject.SetText(RowAsListed(app, item.select));
     form.btnProcess.Click.Fire();
     report.messages = app.boxes.StopRecording();
     // Every way Process can fall short shows a box, so none means a whole script.

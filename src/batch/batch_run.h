@@ -40,8 +40,9 @@ std::string JoinedScriptFile(const App& app);
 
 // Runs the items in their order as a user at the main form would: clears both
 // name boxes once, then for each item puts its values into txtMaxFile,
-// txtMaxObjectName, the two vertical boxes and the text of comboSelectObject,
-// each firing its events, and presses Process. An item without vertical values
+// txtMaxObjectName, the two vertical boxes and the text of comboSelectObject
+// (the row as the list writes it, when one matches ignoring case), each firing
+// its events, and presses Process. An item without vertical values
 // gets those the form held at the start, and the form gets them back at the
 // end. The message boxes are kept for the report, not shown. With Save To File
 // checked, the scripts written are then joined as the combiner joins files into
