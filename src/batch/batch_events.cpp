@@ -1,5 +1,6 @@
 #include "batch/batch_events.h"
 
+#include <algorithm>
 #include <map>
 
 #include "batch/batch_form.h"
