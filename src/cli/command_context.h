@@ -29,5 +29,6 @@ void AddObjectsCommand(CLI::App& cli, CommandContext& context);
 void AddScriptCommand(CLI::App& cli, CommandContext& context);
 void AddCombineCommand(CLI::App& cli, CommandContext& context);
 void AddMapCommand(CLI::App& cli, CommandContext& context);
+void AddBatchCommand(CLI::App& cli, CommandContext& context);
 
 } // namespace tos::cli

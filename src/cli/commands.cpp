@@ -22,6 +22,7 @@ int Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
     AddScriptCommand(cli, context);
     AddCombineCommand(cli, context);
     AddMapCommand(cli, context);
+    AddBatchCommand(cli, context);
 
     try {
         cli.parse(argc, argv);

@@ -8,6 +8,7 @@
 #include "forms/scene_map_form.h"
 #include "support/platform.h"
 #include "support/profile.h"
+#include "support/recording_platform.h"
 
 namespace tos {
 
@@ -15,7 +16,7 @@ namespace tos {
 // state, the two forms and the profile reader's cache. Routines take it as their
 // context; there are no globals.
 struct App {
-    explicit App(Platform& p) : platform(p), profiles(p) {}
+    explicit App(Platform& p) : boxes(p), platform(boxes), profiles(boxes) {}
     App(const App&) = delete;
     App& operator=(const App&) = delete;
 
@@ -34,6 +35,9 @@ struct App {
     // Ends the process; the desktop program leaves its event loop here.
     std::function<void()> endProcess;
 
+    // Every service goes through boxes, so a batch run can keep the message
+    // boxes of its steps for its summary.
+    RecordingPlatform boxes;
     Platform& platform;
     ProfileFiles profiles;
     RunState state;

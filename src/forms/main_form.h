@@ -51,6 +51,7 @@ struct MainForm {
 
     Button btnProcess;
     CheckBox chkSave;
+    Button btnProcessAll; // opens the batch window
     Button btnRunScriptCompiler;
     Button btnSceneMap; // opens the scene map, which only looks
     Button btnViewHelp;

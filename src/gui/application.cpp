@@ -2,6 +2,9 @@
 
 #include <QApplication>
 
+#include "batch/batch_events.h"
+#include "batch/batch_form.h"
+#include "gui/batch_window.h"
 #include "gui/compiler_window.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
@@ -26,6 +29,9 @@ int RunApplication(int argc, char** argv)
     SceneMapWindow sceneMap(app, &main);
     platform.SetFormWidget(FormId::Main, &main);
     platform.SetFormWidget(FormId::Compiler, &compiler);
+    BatchForm batch;
+    BatchWindow batchWindow(batch, &main);
+    ConnectBatchEvents(app, batch);
 
     Main(app);
     return qt.exec();

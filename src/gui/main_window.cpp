@@ -108,10 +108,11 @@ void MainWindow::BuildRightColumn()
         y += height + gap;
     };
     place(MakeButton(f.btnProcess, this), 30, 4);
-    place(MakeCheckBox(f.chkSave, this), kRow, 8);
-    place(MakeButton(f.btnRunScriptCompiler, this), 28, 6);
-    place(MakeButton(f.btnViewHelp, this), 28, 6);
-    place(MakeButton(f.btnExit, this), 28, 18);
+    place(MakeCheckBox(f.chkSave, this), kRow, 4);
+    place(MakeButton(f.btnProcessAll, this), 24, 4);
+    place(MakeButton(f.btnRunScriptCompiler, this), 24, 4);
+    place(MakeButton(f.btnViewHelp, this), 24, 4);
+    place(MakeButton(f.btnExit, this), 24, 10);
     place(MakeCheckBox(f.chkUseObjectScale, this), kRow, 2);
     place(MakeTextBox(f.txtObjectScale, this), kRow, 10);
     place(MakeLabel(f.lblCalcGridSize, this), kRow, 2);

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "batch/batch_list.h"
+#include "forms/controls.h"
+
+namespace tos {
+
+// One object row of the batch window. Its controls are named after the row's
+// index ("txtMaxFile_3"), so a view can find each.
+struct BatchRow {
+    BatchRow(int index, const std::string& selection);
+    BatchRow(const BatchRow&) = delete;
+    BatchRow& operator=(const BatchRow&) = delete;
+
+    const std::string selection; // the row of the object list
+    CheckBox chkProcess;         // captioned with the selection
+    TextBox txtMaxFile;
+    Button btnBrowseMaxFile;
+    TextBox txtObjectName;
+    CheckBox chkUseTolvarineName;
+    CheckBox chkUseMaxName;
+    TextBox txtVerticalScale; // "" means the main form's value
+    TextBox txtVerticalOffset;
+};
+
+// The "Process All" window as a model: one row for each row of the object
+// list, the batch list file it was read from or saved to, and the summary of
+// the last run. Shown modally over the main form.
+struct BatchForm {
+    BatchForm();
+    BatchForm(const BatchForm&) = delete;
+    BatchForm& operator=(const BatchForm&) = delete;
+
+    std::string caption = "Process All";
+    bool visible = false;
+    int mousePointer = 0;
+    ViewNotifier formView; // visibility and pointer
+    ViewNotifier rowsView; // the rows were replaced
+    // Asks the view to show the form modally; the model alone just marks it visible.
+    std::function<void()> showModal;
+    // ScriptBasePath of the project the rows were made for.
+    std::string rowsProject;
+    // The rows as the batch list last read or saved holds them, so that closing
+    // can tell about changes that no file keeps yet.
+    std::vector<BatchItem> keptItems;
+
+    std::vector<std::unique_ptr<BatchRow>> rows;
+    Label lblBatchFile;
+    TextBox txtBatchFile;
+    Button btnLoad;
+    Button btnSave;
+    Button btnRunBatch; // "Process All"
+    Button btnClose;
+    ListBox lstSummary; // unsorted
+};
+
+} // namespace tos

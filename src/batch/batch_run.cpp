@@ -1,0 +1,168 @@
+#include "batch/batch_run.h"
+
+#include <algorithm>
+
+#include "combiner/script_combiner.h"
+#include "forms/app.h"
+#include "support/conversions.h"
+
+namespace tos {
+
+namespace {
+
+// A user picks the row from the list rather than typing it in other letters:
+// the builder compares exactly, so "barn" would find none of Barn's models.
+std::string RowAsListed(const App& app, const std::string& select)
+{
+    for (const std::string& row : app.main.comboSelectObject.Items().Rows())
+        if (EqualsIgnoringCase(row, select))
+            return row;
+    return select;
+}
+
+BatchItemReport RunItem(App& app, const BatchItem& item, const std::string& scale,
+                        const std::string& offset)
+{
+    BatchItemReport report;
+    report.select = item.select;
+    if (!item.process)
+        return report;
+    report.missingKeys = MissingKeys(item);
+    if (!report.missingKeys.empty()) {
+        report.outcome = BatchOutcome::Incomplete;
+        return report;
+    }
+    MainForm& form = app.main;
+    app.boxes.StartRecording();
+    form.txtMaxFile.SetText(item.maxFile);
+    form.txtMaxObjectName.SetText(item.objectName);
+    form.txtVerticalScale.SetText(item.verticalScale.value_or(scale));
+    form.txtVerticalOffset.SetText(item.verticalOffset.value_or(offset));
+    form.comboSelectObject.SetText(RowAsListed(app, item.select));
+    form.btnProcess.Click.Fire();
+    report.messages = app.boxes.StopRecording();
+    // Every way Process can fall short shows a box, so none means a whole script.
+    if (!report.messages.empty()) {
+        report.outcome = BatchOutcome::Failed;
+        return report;
+    }
+    report.outcome = app.state.SaveToFile ? BatchOutcome::Written : BatchOutcome::Built;
+    report.scriptFile = app.state.ScriptFileName;
+    report.rows = form.List2.Rows().size();
+    return report;
+}
+
+void Join(App& app, BatchReport& report, const std::string& joined)
+{
+    std::vector<std::string> scripts;
+    for (const BatchItemReport& item : report.items)
+        if (item.outcome == BatchOutcome::Written)
+            scripts.push_back(item.scriptFile);
+    if (scripts.empty())
+        return;
+    if (std::find(scripts.begin(), scripts.end(), joined) != scripts.end()) {
+        report.messages.push_back(MessageBox{"The joined script " + joined +
+                                             " would replace a script of this run; nothing "
+                                             "was joined."});
+        return;
+    }
+    ListBox& lines = app.compiler.lstMaxScripts;
+    app.boxes.StartRecording();
+    lines.Clear();
+    for (const std::string& script : scripts)
+        AddScriptFile(app, script);
+    SaveCombinedScript(app, joined);
+    lines.Clear();
+    std::vector<MessageBox> boxes = app.boxes.StopRecording();
+    if (boxes.empty()) {
+        report.joinedFile = joined;
+        report.joinedScripts = scripts.size();
+    }
+    report.messages.insert(report.messages.end(), boxes.begin(), boxes.end());
+}
+
+} // namespace
+
+std::string JoinedScriptFile(const App& app)
+{
+    return app.state.ScriptBasePath + (app.main.chkMainTile.Checked() ? "_Main_" : "_Per_") +
+           "All.ms";
+}
+
+BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const std::string& joinedFile)
+{
+    BatchReport report;
+    MainForm& form = app.main;
+    if (!form.btnProcess.Enabled()) {
+        report.messages.push_back(MessageBox{"Process All needs a loaded project."});
+        return report;
+    }
+    const std::string scale = form.txtVerticalScale.Text();
+    const std::string offset = form.txtVerticalOffset.Text();
+    // Each item names its object itself; a name box left checked would overwrite it.
+    form.chkUseTolvarineName.SetValue(0);
+    form.chkUseMaxName.SetValue(0);
+    for (const BatchItem& item : items)
+        report.items.push_back(RunItem(app, item, scale, offset));
+    form.txtVerticalScale.SetText(scale);
+    form.txtVerticalOffset.SetText(offset);
+    if (app.state.SaveToFile)
+        Join(app, report, joinedFile.empty() ? JoinedScriptFile(app) : joinedFile);
+    return report;
+}
+
+std::string ItemLine(const BatchItemReport& item)
+{
+    std::string line = (item.select.empty() ? "(no selection)" : item.select) + ": ";
+    switch (item.outcome) {
+    case BatchOutcome::NotChecked:
+        return line + "not checked";
+    case BatchOutcome::Incomplete: {
+        line += "not run, no ";
+        for (std::size_t i = 0; i < item.missingKeys.size(); ++i)
+            line += (i ? " or " : "") + item.missingKeys[i];
+        return line;
+    }
+    case BatchOutcome::Failed:
+        return line + "no script, " + IntegerToText(std::ssize(item.messages)) +
+               (item.messages.size() == 1 ? " message" : " messages");
+    case BatchOutcome::Built:
+    case BatchOutcome::Written:
+        break;
+    }
+    return line + item.scriptFile + (item.outcome == BatchOutcome::Built ? " (not saved)" : "") +
+           ", " + IntegerToText(static_cast<long long>(item.rows)) + " rows";
+}
+
+std::string MessageLine(const MessageBox& box)
+{
+    std::string line = box.title + ": ";
+    for (const char c : box.text)
+        line += c == '\n' ? std::string("\\n") : std::string(1, c);
+    return line;
+}
+
+std::string JoinedLine(const BatchReport& report)
+{
+    if (report.joinedFile.empty())
+        return "Nothing joined.";
+    return "Joined: " + report.joinedFile + ", " +
+           IntegerToText(static_cast<long long>(report.joinedScripts)) +
+           (report.joinedScripts == 1 ? " script" : " scripts");
+}
+
+std::vector<std::string> SummaryLines(const BatchReport& report)
+{
+    std::vector<std::string> lines;
+    for (const BatchItemReport& item : report.items) {
+        lines.push_back(ItemLine(item));
+        for (const MessageBox& box : item.messages)
+            lines.push_back("    " + MessageLine(box));
+    }
+    for (const MessageBox& box : report.messages)
+        lines.push_back(MessageLine(box));
+    lines.push_back(JoinedLine(report));
+    return lines;
+}
+
+} // namespace tos

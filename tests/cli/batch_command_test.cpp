@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+
+#include "cli/commands.h"
+#include "common/scratch.h"
+
+namespace tos::test {
+namespace {
+
+const std::string kValley = std::string(TOS_SOURCE_DIR) + "/examples/Valley/";
+const std::string kProgramFolder = std::string(TOS_SOURCE_DIR) + "/resources";
+
+struct Result {
+    int status;
+    std::string out, err;
+};
+
+Result RunCli(std::vector<std::string> args)
+{
+    std::vector<const char*> argv{"tos-cli"};
+    for (const std::string& arg : args)
+        argv.push_back(arg.c_str());
+    std::ostringstream out, err;
+    const int status = cli::Run(int(argv.size()), argv.data(), out, err, kProgramFolder);
+    return {status, out.str(), err.str()};
+}
+
+// A copy of the example project in a folder of its own.
+std::string CopyValley(const ScratchDir& dir)
+{
+    dir.Write("Valley.scn", ReadBytes(kValley + "Valley.scn"));
+    return dir.Write("Valley.prj", "");
+}
+
+// Every file of a folder with its bytes.
+std::map<std::string, std::string> Files(const ScratchDir& dir)
+{
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(dir.Path()))
+        if (entry.path().extension() == ".ms")
+            files[entry.path().filename().string()] = ReadBytes(entry.path().string());
+    return files;
+}
+
+const std::string kBatch = "[Batch]\r\nItems=4\r\n"
+                           "[Item1]\r\nSelect=Tree\r\nMaxFile=C:\\Models\\Trees.max\r\n"
+                           "ObjectName=Pine01\r\nVerticalScale=1.5\r\nVerticalOffset=2.0\r\n"
+                           "[Item2]\r\nSelect=* Option 2:  All Stock Single Bales\r\n"
+                           "MaxFile=C:\\Models\\Bale.max\r\nObjectName=Bale\r\n"
+                           "[Item3]\r\nSelect=barn\r\nMaxFile=D:\\Barn.max\r\nObjectName=Barn\r\n"
+                           "VerticalOffset=-3\r\n"
+                           "[Item4]\r\nSelect=Rock\r\nMaxFile=D:\\Rock.max\r\nObjectName=Rock\r\n"
+                           "Process=0\r\n";
+
+TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
+{
+    // The same items by hand: one script run each, then the combiner.
+    const std::vector<std::vector<std::string>> singles = {
+        {"Tree", "--max-file", "C:\\Models\\Trees.max", "--max-object", "Pine01",
+         "--vertical-scale", "1.5", "--vertical-offset", "2.0"},
+        {"* Option 2:  All Stock Single Bales", "--max-file", "C:\\Models\\Bale.max",
+         "--max-object", "Bale"},
+        // The list writes "barn": the batch takes the row as the object list writes it.
+        {"Barn", "--max-file", "D:\\Barn.max", "--max-object", "Barn", "--vertical-offset", "-3"},
+    };
+    for (const bool perimeter : {false, true}) {
+        SCOPED_TRACE(perimeter);
+        const std::string mode = perimeter ? "_Per_" : "_Main_";
+        ScratchDir byHand, batched;
+        const std::string handProject = CopyValley(byHand);
+        std::vector<std::string> combine{"combine", byHand.File("Valley" + mode + "All.ms")};
+        for (const auto& single : singles) {
+            std::vector<std::string> args{"script", handProject};
+            args.insert(args.end(), single.begin(), single.end());
+            if (perimeter)
+                args.push_back("--perimeter");
+            ASSERT_EQ(RunCli(args).status, 0);
+        }
+        for (const char* name : {"Tree", "Bales", "Barn"}) // the order of the list
+            combine.push_back(byHand.File("Valley" + mode + name + ".ms"));
+        ASSERT_EQ(RunCli(combine).status, 0);
+
+        std::vector<std::string> args{"batch", CopyValley(batched),
+                                      batched.Write("b.tosbatch", kBatch)};
+        if (perimeter)
+            args.push_back("--perimeter");
+        const Result run = RunCli(args);
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(Files(batched), Files(byHand));
+        EXPECT_EQ(Files(batched).size(), 4u);
+        const std::string folder = batched.Path().string() + "/Valley" + mode;
+        std::istringstream lines(run.out);
+        std::vector<std::string> printed;
+        for (std::string line; std::getline(lines, line);)
+            printed.push_back(line);
+        ASSERT_EQ(printed.size(), 5u);
+        EXPECT_EQ(printed[0].substr(0, printed[0].find(',')), "Tree: " + folder + "Tree.ms");
+        EXPECT_EQ(printed[4], "Joined: " + folder + "All.ms, 3 scripts");
+        EXPECT_EQ(printed[3], "Rock: not checked");
+    }
+}
+
+TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
+{
+    const std::string tree = "[Item1]\r\nSelect=Tree\r\nMaxFile=T.max\r\nObjectName=Pine\r\n";
+    struct Case {
+        const char* name;
+        std::string list; // "" writes no file
+        std::vector<std::string> options;
+        int status;
+        std::string out;     // the lines printed, the project's folder written as @
+        std::string error;   // part of the error stream
+        std::size_t scripts; // .ms files written
+    };
+    // clang-format off
+    const Case cases[] = {
+        {.name = "missing list", .list = "", .options = {}, .status = 1, .out = "",
+         .error = "The batch list @b.tosbatch cannot be read: File not found (53).", .scripts = 0},
+        {.name = "no count", .list = "[Batch]\r\n" + tree, .options = {}, .status = 1, .out = "",
+         .error = "@b.tosbatch: [Batch] has no whole number Items", .scripts = 0},
+        {.name = "missing key",
+         .list = "[Batch]\r\nItems=2\r\n" + tree + "[Item2]\r\nSelect=Rock\r\n",
+         .options = {}, .status = 1,
+         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nRock: not run, no MaxFile or ObjectName\n"
+                "Joined: @Valley_Main_All.ms, 1 script\n",
+         .error = "@b.tosbatch: [Item2] has no MaxFile.", .scripts = 2},
+        {.name = "unknown selection",
+         .list = "[Batch]\r\nItems=2\r\n[Item1]\r\nSelect=Orchard\r\nMaxFile=O.max\r\n"
+                 "ObjectName=O\r\n[Item2]\r\nSelect=Tree\r\nMaxFile=T.max\r\nObjectName=Pine\r\n",
+         .options = {}, .status = 1,
+         .out = "Orchard: no script, 1 message\nTree: @Valley_Main_Tree.ms, 40 rows\n"
+                "Joined: @Valley_Main_All.ms, 1 script\n",
+         .error = "TolvarineObjectScripter: Please select only from the Object List\n",
+         .scripts = 2},
+        {.name = "no save", .list = "[Batch]\r\nItems=1\r\n" + tree, .options = {"--no-save"},
+         .status = 0, .out = "Tree: @Valley_Main_Tree.ms (not saved), 40 rows\nNothing joined.\n",
+         .error = "", .scripts = 0},
+        {.name = "combined elsewhere", .list = "[Batch]\r\nItems=1\r\n" + tree,
+         .options = {"--combined", "@joined.ms"}, .status = 0,
+         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nJoined: @joined.ms, 1 script\n",
+         .error = "", .scripts = 2},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        ScratchDir dir;
+        const std::string at = dir.Path().string() + "/";
+        auto place = [&](std::string text) {
+            for (std::size_t p; (p = text.find('@')) != std::string::npos;)
+                text.replace(p, 1, at);
+            return text;
+        };
+        if (!c.list.empty())
+            dir.Write("b.tosbatch", c.list);
+        std::vector<std::string> args{"batch", CopyValley(dir), dir.File("b.tosbatch")};
+        for (const std::string& option : c.options)
+            args.push_back(place(option));
+        const Result run = RunCli(args);
+        EXPECT_EQ(run.status, c.status);
+        EXPECT_EQ(run.out, place(c.out));
+        EXPECT_NE(run.err.find(place(c.error)), std::string::npos) << run.err;
+        EXPECT_EQ(Files(dir).size(), c.scripts);
+    }
+}
+
+} // namespace
+} // namespace tos::test
