@@ -47,7 +47,7 @@ MainForm::MainForm()
       lblCalcGridSize("lblCalcGridSize", "3dsMax Grid Size:"),
       txtGridSize("txtGridSize", "768"),
       frameMaxScriptOutput("frameMaxScriptOutput", "MAX Script Output"),
-      List2("List2", false),
+      List2("List2", false, RowLimit::None),
       Frame1("Frame1", ""),
       lblVersion("lblVersion", ""),
       lblCredits("lblCredits", "Tolvarine Object Scripter\nScene objects to MAXScript, copy by copy"),
