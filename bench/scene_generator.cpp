@@ -123,7 +123,7 @@ private:
     {
         const auto [x, z] = Ground();
         const auto [look, up] = Orientation();
-        text += "[Model" + std::to_string(n) + "]\r\nSLT=" + ModelValue() +
+        text += "[Model" + std::to_string(n) + "]\r\nSLT=" + ModelValue(n) +
                 "\r\nPosition=" + Triple(x, Uniform(0, 40), z, "%.1f,%.1f,%.1f") +
                 "\r\nLookVector=" + look + "\r\nUpVector=" + up + "\r\n\r\n";
     }
