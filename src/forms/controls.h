@@ -145,7 +145,6 @@ public:
 
     ListBox(std::string name, bool sorted, RowLimit limit = RowLimit::Int16);
     bool Sorted() const { return sorted_; }
-    RowLimit Limit() const { return limit_; }
     void AddItem(std::string row);
     void Clear();
     // The count as a 16-bit value; past 32,767 rows (only an unlimited list gets
