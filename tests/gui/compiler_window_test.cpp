@@ -54,7 +54,15 @@ TEST(CompilerWindowTest, ModalDialogThatOpensEmptyGrowsByItsBorderAndHidesOnDone
             const QSize listSize = list->size();
             window.resize(window.size() + QSize(300, 200));
             EXPECT_EQ(list->size(), listSize + QSize(300, 200));
-            app.compiler.lstMaxScripts.AddItem("added");
+            // Rows added behind narrower ones widen every row to the longest.
+            const QString wide(400, u'w');
+            for (const QStringList& burst : {QStringList{"added"}, QStringList{wide, "tail"}}) {
+                for (const QString& row : burst)
+                    app.compiler.lstMaxScripts.AddItem(row.toStdString());
+                QCoreApplication::processEvents();
+            }
+            EXPECT_GE(list->visualRect(list->model()->index(0, 0)).width(),
+                      list->fontMetrics().horizontalAdvance(wide));
             leave();
             EXPECT_FALSE(window.isVisible());
             window.hide(); // never leave the test stuck in the modal loop
