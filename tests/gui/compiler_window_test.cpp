@@ -54,15 +54,18 @@ TEST(CompilerWindowTest, ModalDialogThatOpensEmptyGrowsByItsBorderAndHidesOnDone
             const QSize listSize = list->size();
             window.resize(window.size() + QSize(300, 200));
             EXPECT_EQ(list->size(), listSize + QSize(300, 200));
-            // Rows added behind narrower ones widen every row to the longest.
-            const QString wide(400, u'w');
-            for (const QStringList& burst : {QStringList{"added"}, QStringList{wide, "tail"}}) {
+            // Rows added behind narrower ones widen every row to the longest; a tab
+            // goes on to the next eighth column.
+            const QString tabbed = QString(6, u'\t') + QString(10, u'w');
+            const QString shown = QString(48, u' ') + QString(10, u'w');
+            for (const QStringList& burst : {QStringList{"added"}, {tabbed, QString(50, u'x')}}) {
                 for (const QString& row : burst)
                     app.compiler.lstMaxScripts.AddItem(row.toStdString());
                 QCoreApplication::processEvents();
             }
+            EXPECT_EQ(list->model()->index(1, 0).data().toString(), shown);
             EXPECT_GE(list->visualRect(list->model()->index(0, 0)).width(),
-                      list->fontMetrics().horizontalAdvance(wide));
+                      list->fontMetrics().horizontalAdvance(shown));
             leave();
             EXPECT_FALSE(window.isVisible());
             window.hide(); // never leave the test stuck in the modal loop
