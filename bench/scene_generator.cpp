@@ -69,12 +69,14 @@ private:
         return std::uniform_real_distribution<double>(lo, hi)(rng_);
     }
 
-    std::string ModelValue()
+    std::string ModelValue(std::int32_t n)
     {
         if (Uniform(0, 1) < layout_.stockShare)
             return kStockValues[std::uniform_int_distribution<std::size_t>(0, kStockValues.size() -
                                                                                   1)(rng_)];
-        const int stem = std::uniform_int_distribution<int>(0, layout_.stems - 1)(rng_);
+        const int stem = layout_.stemsInTurn
+                             ? static_cast<int>((n - 1) % layout_.stems)
+                             : std::uniform_int_distribution<int>(0, layout_.stems - 1)(rng_);
         char buf[48];
         // Every third stem comes in variants, as trees and barns do.
         if (stem % 3 == 0)
@@ -121,7 +123,7 @@ private:
     {
         const auto [x, z] = Ground();
         const auto [look, up] = Orientation();
-        text += "[Model" + std::to_string(n) + "]\r\nSLT=" + ModelValue() +
+        text += "[Model" + std::to_string(n) + "]\r\nSLT=" + ModelValue(n) +
                 "\r\nPosition=" + Triple(x, Uniform(0, 40), z, "%.1f,%.1f,%.1f") +
                 "\r\nLookVector=" + look + "\r\nUpVector=" + up + "\r\n\r\n";
     }

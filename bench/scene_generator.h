@@ -12,6 +12,9 @@ namespace tos::bench {
 struct SceneLayout {
     std::int32_t models = 30000;
     int stems = 100;
+    // Stems in turn (model n has stem (n - 1) mod stems), so each stands equally
+    // often; otherwise each model's stem is drawn at random.
+    bool stemsInTurn = false;
     // Share of the models that are stock objects, spread over the four groups.
     double stockShare = 0.1;
     // Share of the models placed inside the main tile; the rest lie on the perimeter tiles.

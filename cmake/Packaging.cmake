@@ -50,9 +50,10 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Tolvarine Object Scripter team")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries come from the binaries; Qt's window system plugins are only
-# loaded at run time, so they are named here.
+# loaded at run time, and the forms' faces (or their metric-compatible
+# stand-ins) only looked up, so both are named here.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 if(TARGET TolvarineObjectScripter)
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, fonts-liberation")
 endif()
 include(CPack)

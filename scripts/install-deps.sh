@@ -6,6 +6,7 @@ packages=(
   qt6-base-dev qt6-qpa-plugins libgl-dev libcli11-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang-format dpkg-dev file
+  fonts-liberation
 )
 missing=()
 for p in "${packages[@]}"; do

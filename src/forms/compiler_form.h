@@ -24,7 +24,7 @@ struct CompilerForm {
     std::function<void()> showModal;
 
     Frame frameCompiledMaxScript;
-    ListBox lstMaxScripts; // unsorted
+    ListBox lstMaxScripts; // unsorted, without a row limit
     Button btnAddFile;
     Button btnSaveAs;
     Button btnDone;

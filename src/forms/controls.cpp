@@ -105,11 +105,14 @@ void CheckBox::SetValue(int value)
     Click.Fire();
 }
 
-ListBox::ListBox(std::string name, bool sorted) : Control(std::move(name)), sorted_(sorted) {}
+ListBox::ListBox(std::string name, bool sorted, RowLimit limit)
+    : Control(std::move(name)), sorted_(sorted), limit_(limit)
+{
+}
 
 void ListBox::AddItem(std::string row)
 {
-    if (rows_.size() >= static_cast<std::size_t>(kMaxRows))
+    if (limit_ == RowLimit::Int16 && rows_.size() >= static_cast<std::size_t>(kMaxRows))
         Fail(err::Overflow);
     if (sorted_)
         keys_.push_back(UpperCase(row));
@@ -119,6 +122,7 @@ void ListBox::AddItem(std::string row)
 
 void ListBox::Clear()
 {
+    ++clears_;
     if (rows_.empty())
         return;
     rows_.clear();
@@ -129,17 +133,24 @@ void ListBox::Clear()
 
 Int16 ListBox::ListCount() const
 {
-    return Int16(static_cast<std::int16_t>(rows_.size()));
+    return Int16::From(static_cast<long long>(rows_.size()));
 }
 
 const std::string& ListBox::List(Int16 index) const
 {
     static const std::string empty;
-    const auto i = index.value();
-    if (i < 0 || static_cast<std::size_t>(i) >= rows_.size())
+    if (index.value() < 0)
+        return empty;
+    return Row(static_cast<std::size_t>(index.value()));
+}
+
+const std::string& ListBox::Row(std::size_t index) const
+{
+    static const std::string empty;
+    if (index >= rows_.size())
         return empty;
     SortPending();
-    return rows_[static_cast<std::size_t>(i)];
+    return rows_[index];
 }
 
 const std::vector<std::string>& ListBox::Rows() const

@@ -131,27 +131,40 @@ private:
     int value_;
 };
 
-// Rows of a list box, a combo box or the script buffer. At most 32,767 rows;
-// one more is failure 6. A sorted list keeps ascending order of the upper-cased
-// row compared byte by byte, a proper prefix first, and a row equal to others
-// (ignoring case) goes behind them.
+// How many rows a list may hold. The record lists and the combo box count their
+// rows in 16 bits; the two lists that hold scripts may grow as long as a script.
+enum class RowLimit { Int16, None };
+
+// Rows of a list box, a combo box or a script. A list limited to 16 bits holds at
+// most 32,767 rows; one more is failure 6. A sorted list keeps ascending order of
+// the upper-cased row compared byte by byte, a proper prefix first, and a row
+// equal to others (ignoring case) goes behind them.
 class ListBox : public Control {
 public:
     static constexpr int kMaxRows = 32767;
 
-    ListBox(std::string name, bool sorted);
+    ListBox(std::string name, bool sorted, RowLimit limit = RowLimit::Int16);
     bool Sorted() const { return sorted_; }
     void AddItem(std::string row);
     void Clear();
+    // The count as a 16-bit value; past 32,767 rows (only an unlimited list gets
+    // there) it is failure 6, as a 16-bit count would be.
     Int16 ListCount() const;
     // Row i, 0-based; a row behind the last (or before the first) reads as "".
     const std::string& List(Int16 index) const;
+    // The same for walks over a list of any length.
+    std::size_t RowCount() const { return rows_.size(); }
+    const std::string& Row(std::size_t index) const;
     const std::vector<std::string>& Rows() const;
+    // Counts the times the list was emptied, so a view knows to show it from the top.
+    std::size_t Clears() const { return clears_; }
 
 private:
     void SortPending() const;
 
     bool sorted_;
+    RowLimit limit_;
+    std::size_t clears_ = 0;
     // Sorted rows first, then rows added since the last read, merged in on demand
     // so that a load of many rows costs n log n, not n squared.
     mutable std::vector<std::string> rows_;

@@ -62,7 +62,7 @@ struct MainForm {
     TextBox txtGridSize;
 
     Frame frameMaxScriptOutput;
-    ListBox List2; // the script buffer, unsorted
+    ListBox List2; // the script buffer, unsorted, without a row limit
 
     Frame Frame1;
     Label lblVersion;

@@ -16,8 +16,8 @@
 namespace tos::gui {
 
 CompilerWindow::CompilerWindow(App& app, QWidget* owner)
-    : QDialog(owner, Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowTitleHint |
-                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+    : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                         Qt::WindowCloseButtonHint),
       app_(app)
 {
     setObjectName("frmScriptCompiler");
@@ -25,7 +25,11 @@ CompilerWindow::CompilerWindow(App& app, QWidget* owner)
     setSizeGripEnabled(false);
     BuildControls();
 
-    setFixedSize(TwipsToPixels(app.compiler.widthTwips), TwipsToPixels(app.compiler.heightTwips));
+    // Opens at its designed size; a larger window gives the list the room.
+    const QSize designed(TwipsToPixels(app.compiler.widthTwips),
+                         TwipsToPixels(app.compiler.heightTwips));
+    setMinimumSize(designed);
+    resize(designed);
 
     // The model outlives the window in tests; its notifiers must not reach a dead window.
     QPointer<CompilerWindow> self(this);
@@ -70,7 +74,7 @@ void CompilerWindow::SyncForm()
     const CompilerForm& form = app_.compiler;
     if (!form.visible && isVisible())
         hide();
-    placement_.Sync(this, form.left, form.top, form.mousePointer);
+    placement_.Sync(this, form.left, form.top);
 }
 
 void CompilerWindow::closeEvent(QCloseEvent* event)

@@ -5,12 +5,18 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
+#include <QFontDatabase>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <limits>
+#include <map>
 
 #include "gui/cp1252.h"
 #include "gui/qt_platform.h"
@@ -111,17 +117,39 @@ QString Name(const Control& control)
     return QString::fromStdString(control.Name());
 }
 
+// The designed face where it is installed, else its metric-compatible stand-in,
+// else the desktop's face of the same kind: a script list must stay fixed-pitch.
+QStringList Families(const std::string& name, bool fixedPitch)
+{
+    static std::map<std::string, QStringList> chosen;
+    const auto known = chosen.find(name);
+    if (known != chosen.end())
+        return known->second;
+    static const std::map<std::string, QString> standIns = {
+        {"Courier New", QStringLiteral("Liberation Mono")},
+        {"Arial", QStringLiteral("Liberation Sans")},
+    };
+    const QStringList installed = QFontDatabase::families();
+    QStringList families;
+    const QString designed = QString::fromStdString(name);
+    const auto standIn = standIns.find(name);
+    if (standIn != standIns.end() && !installed.contains(designed, Qt::CaseInsensitive) &&
+        installed.contains(standIn->second, Qt::CaseInsensitive))
+        families << standIn->second;
+    else
+        families << designed;
+    families << (fixedPitch ? QStringLiteral("monospace") : QStringLiteral("sans-serif"));
+    return chosen[name] = families;
+}
+
 void PaintFont(const Control& control, QWidget* widget)
 {
     const Font& font = control.GetFont();
     if (font.name.empty())
         return;
     QFont f = widget->font();
-    // Where the named face is missing, the desktop's face of the same kind
-    // stands in: a script list must stay fixed-pitch.
     const bool fixedPitch = font.name.find("Courier") != std::string::npos;
-    f.setFamilies({QString::fromStdString(font.name),
-                   fixedPitch ? QStringLiteral("monospace") : QStringLiteral("sans-serif")});
+    f.setFamilies(Families(font.name, fixedPitch));
     if (font.points > 0)
         f.setPointSize(font.points);
     f.setStyleHint(fixedPitch ? QFont::TypeWriter : QFont::SansSerif);
@@ -129,12 +157,14 @@ void PaintFont(const Control& control, QWidget* widget)
         widget->setFont(f);
 }
 
+// A box that cannot be used, locked grey or disabled, has the button-face colour.
 void PaintBack(const Control& control, QWidget* widget)
 {
     const QPalette app = QApplication::palette();
-    const QColor base = control.Back() == BackColor::ButtonFace ? app.color(QPalette::Button)
-                                                                : app.color(QPalette::Base);
-    if (widget->palette().color(QPalette::Base) == base)
+    const bool grey = control.Back() == BackColor::ButtonFace || !control.Enabled();
+    const QColor base = grey ? app.color(QPalette::Button) : app.color(QPalette::Base);
+    if (widget->palette().color(QPalette::Base) == base &&
+        widget->palette().color(QPalette::Disabled, QPalette::Base) == base)
         return;
     QPalette p = widget->palette();
     p.setColor(QPalette::Base, base);
@@ -165,6 +195,65 @@ template <class W, class Paint> void Mirror(Control& control, W* widget, Paint p
     control.view.Subscribe(repaint);
     repaint();
 }
+
+constexpr std::size_t kTabColumns = 8;
+
+bool IsControl(char c)
+{
+    const auto b = static_cast<unsigned char>(c);
+    return b < 0x20 || b == 0x7F;
+}
+
+// Columns a row takes on the screen: a tab goes on to the next stop.
+std::size_t ShownColumns(const std::string& row)
+{
+    if (std::none_of(row.begin(), row.end(), IsControl))
+        return row.size();
+    std::size_t columns = 0;
+    for (const char c : row)
+        columns = c == '\t' ? (columns / kTabColumns + 1) * kTabColumns : columns + 1;
+    return columns;
+}
+
+QString ShownText(const std::string& row)
+{
+    const QString text = FromCp1252(row);
+    if (std::none_of(row.begin(), row.end(), IsControl))
+        return text;
+    QString shown;
+    for (const QChar c : text) {
+        if (c == u'\t') {
+            do
+                shown += u' ';
+            while (shown.size() % static_cast<qsizetype>(kTabColumns) != 0);
+        } else if (c.unicode() < 0x20) {
+            shown += QChar(0x2400 + c.unicode());
+        } else if (c.unicode() == 0x7F) {
+            shown += QChar(0x2421);
+        } else {
+            shown += c;
+        }
+    }
+    return shown;
+}
+
+// Gives every row the size of the widest, so a list of uniform rows is as wide
+// as its longest row and scrolls sideways to show it whole.
+class WidestRowDelegate : public QStyledItemDelegate {
+public:
+    WidestRowDelegate(const RowsModel& rows, QObject* parent)
+        : QStyledItemDelegate(parent), rows_(rows)
+    {
+    }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const int widest = rows_.WidestRow();
+        return QStyledItemDelegate::sizeHint(option, widest < 0 ? index : rows_.index(widest));
+    }
+
+private:
+    const RowsModel& rows_;
+};
 
 } // namespace
 
@@ -250,6 +339,10 @@ QComboBox* MakeComboBox(ComboBox& box, QWidget* parent)
         w->addItems(rows);
         w->setCurrentIndex(-1);
         paintText(w);
+        // The drop-down is as wide as its longest row, however narrow the box.
+        QAbstractItemView* list = w->view();
+        list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth() +
+                              list->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     }));
 
     QObject::connect(w->lineEdit(), &QLineEdit::textEdited, w,
@@ -258,24 +351,22 @@ QComboBox* MakeComboBox(ComboBox& box, QWidget* parent)
         box.SetText(ToCp1252(w->itemText(index)));
         box.Click.Fire();
     });
+    QObject::connect(w->view()->verticalScrollBar(), &QScrollBar::valueChanged, w,
+                     [&box] { box.Scroll.Fire(); });
     new EventRelay(w, &box.GotFocus, &box.LostFocus, nullptr, nullptr);
     return w;
 }
 
-void FormPlacement::Sync(QWidget* window, int leftTwips, int topTwips, int pointer)
+void FormPlacement::Sync(QWidget* window, int leftTwips, int topTwips)
 {
     if (placed_ != std::pair(leftTwips, topTwips)) {
         placed_ = std::pair(leftTwips, topTwips);
         window->move(TwipsToPixels(leftTwips), TwipsToPixels(topTwips));
     }
-    if (pointer == kPointerHourglass)
-        window->setCursor(Qt::WaitCursor);
-    else
-        window->unsetCursor();
 }
 
 RowsModel::RowsModel(const ListBox& list, QObject* parent)
-    : QAbstractListModel(parent), list_(list), shownRows_(list.ListCount().value())
+    : QAbstractListModel(parent), list_(list), shownClears_(list.Clears())
 {
 }
 
@@ -288,15 +379,40 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const
 {
     if (role != Qt::DisplayRole || !index.isValid())
         return {};
-    // A row that is gone since the last reset reads as "".
-    return FromCp1252(list_.List(Int16(static_cast<std::int16_t>(index.row()))));
+    // A row that is gone since the last sync reads as "".
+    return ShownText(list_.Row(static_cast<std::size_t>(index.row())));
 }
 
-void RowsModel::Reset()
+bool RowsModel::Sync()
 {
-    beginResetModel();
-    shownRows_ = list_.ListCount().value();
-    endResetModel();
+    const bool emptied = list_.Clears() != shownClears_;
+    shownClears_ = list_.Clears();
+    // Qt counts rows in int; memory runs out long before a list gets there.
+    const int rows =
+        static_cast<int>(std::min<std::size_t>(list_.RowCount(), std::numeric_limits<int>::max()));
+    // Rows of an unsorted list only ever go to its end until it is emptied.
+    const bool appended = !emptied && !list_.Sorted() && rows >= shownRows_;
+    if (!appended) {
+        widestRow_ = -1;
+        widestColumns_ = 0;
+    }
+    for (int i = appended ? shownRows_ : 0; i < rows; ++i) {
+        const std::size_t columns = ShownColumns(list_.Row(static_cast<std::size_t>(i)));
+        if (widestRow_ < 0 || columns > widestColumns_) {
+            widestRow_ = i;
+            widestColumns_ = columns;
+        }
+    }
+    if (!appended) {
+        beginResetModel();
+        shownRows_ = rows;
+        endResetModel();
+    } else if (rows > shownRows_) {
+        beginInsertRows({}, shownRows_, rows - 1);
+        shownRows_ = rows;
+        endInsertRows();
+    }
+    return emptied;
 }
 
 QListView* MakeListBox(ListBox& list, QWidget* parent)
@@ -305,12 +421,20 @@ QListView* MakeListBox(ListBox& list, QWidget* parent)
     w->setObjectName(Name(list));
     auto* rows = new RowsModel(list, w);
     w->setModel(rows);
+    w->setItemDelegate(new WidestRowDelegate(*rows, w));
+    // One size for all rows lets the view lay out a long script at once.
     w->setUniformItemSizes(true);
+    w->setTextElideMode(Qt::ElideNone);
+    w->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     w->setEditTriggers(QAbstractItemView::NoEditTriggers);
     auto paint = [w, rows, &list] {
         PaintCommon(list, w);
         PaintBack(list, w);
-        rows->Reset();
+        if (rows->Sync()) {
+            // A new script is read from its first row and column.
+            w->scrollToTop();
+            w->horizontalScrollBar()->setValue(0);
+        }
     };
     paint();
     list.view.Subscribe(Coalesced(w, paint));

@@ -30,29 +30,36 @@ QLineEdit* MakeTextBox(TextBox& box, QWidget* parent);
 QComboBox* MakeComboBox(ComboBox& box, QWidget* parent);
 QListView* MakeListBox(ListBox& list, QWidget* parent);
 
-// Mirrors a form's position (in twips) and mouse pointer on its window. Only a
-// new position of the form moves the window, so a window the user has dragged
-// stays where it is when the pointer changes for a load or a build.
+// Mirrors a form's position (in twips) on its window. Only a new position of the
+// form moves the window, so a window the user has dragged stays where it is.
 class FormPlacement {
 public:
-    void Sync(QWidget* window, int leftTwips, int topTwips, int pointer);
+    void Sync(QWidget* window, int leftTwips, int topTwips);
 
 private:
     std::optional<std::pair<int, int>> placed_;
 };
 
-// The rows of a list box as an item model, read straight from the list.
+// The rows of a list box as an item model, read straight from the list. A row
+// is shown as a fixed-pitch line: tabs stand at every eighth column and other
+// control characters as their pictures, so the longest row is the widest.
 class RowsModel : public QAbstractListModel {
 public:
     RowsModel(const ListBox& list, QObject* parent);
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    // Shows the list as it is now.
-    void Reset();
+    // Shows the list as it is now: rows added behind the shown ones are inserted,
+    // anything else resets the model. True when the list was emptied since.
+    bool Sync();
+    // The row of most columns, -1 for an empty list.
+    int WidestRow() const { return widestRow_; }
 
 private:
     const ListBox& list_;
     int shownRows_ = 0;
+    std::size_t shownClears_ = 0;
+    int widestRow_ = -1;
+    std::size_t widestColumns_ = 0;
 };
 
 } // namespace tos::gui

@@ -9,6 +9,8 @@
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
+#include <QResizeEvent>
+#include <algorithm>
 
 #include "gui/control_views.h"
 #include "gui/cp1252.h"
@@ -29,13 +31,13 @@ constexpr int kRow = 22;
 
 MainWindow::MainWindow(App& app, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint |
-                          Qt::MSWindowsFixedSizeDialogHint),
+                          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
       app_(app)
 {
     setObjectName("frmTolvarineObjectScripter");
     setWindowTitle(FromCp1252(app.main.caption));
-    setFixedSize(kWidthPixels, kHeightPixels);
+    setMinimumSize(kWidthPixels, kHeightPixels);
+    resize(kWidthPixels, kHeightPixels);
     // The form was laid out for a small dialog font; controls with a font of
     // their own keep it.
     QFont small = font();
@@ -122,24 +124,39 @@ void MainWindow::BuildRightColumn()
 void MainWindow::BuildOutputFrames()
 {
     MainForm& f = app_.main;
-    const int width = kWidthPixels - 2 * kMargin;
-    QGroupBox* output = MakeFrame(f.frameMaxScriptOutput, this);
-    output->setGeometry(kMargin, 292, width, 100);
-    MakeListBox(f.List2, output)->setGeometry(8, 18, width - 16, 76);
+    output_ = MakeFrame(f.frameMaxScriptOutput, this);
+    script_ = MakeListBox(f.List2, output_);
 
     // The record lists are the program's working data, never shown.
-    QGroupBox* credits = MakeFrame(f.Frame1, this);
-    credits->setGeometry(kMargin, 394, width, 34);
-    MakeLabel(f.lblVersion, credits)->setGeometry(10, 6, 70, 22);
-    QLabel* text = MakeLabel(f.lblCredits, credits);
-    text->setGeometry(90, 2, width - 100, 30);
-    text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    credits_ = MakeFrame(f.Frame1, this);
+    MakeLabel(f.lblVersion, credits_)->setGeometry(10, 6, 70, 22);
+    creditsText_ = MakeLabel(f.lblCredits, credits_);
+    creditsText_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    PlaceOutputFrames();
+}
+
+// Above the script list everything keeps its designed place; the list grows
+// with the window and the credits stay at its foot.
+void MainWindow::PlaceOutputFrames()
+{
+    const int width = this->width() - 2 * kMargin;
+    const int taller = std::max(0, height() - kHeightPixels);
+    output_->setGeometry(kMargin, 292, width, 100 + taller);
+    script_->setGeometry(8, 18, width - 16, 76 + taller);
+    credits_->setGeometry(kMargin, 394 + taller, width, 34);
+    creditsText_->setGeometry(90, 2, width - 100, 30);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    PlaceOutputFrames();
 }
 
 void MainWindow::SyncForm()
 {
     const MainForm& f = app_.main;
-    placement_.Sync(this, f.left, f.top, f.mousePointer);
+    placement_.Sync(this, f.left, f.top);
     if (f.visible != isVisible())
         setVisible(f.visible);
 }

@@ -5,6 +5,10 @@
 #include "gui/control_views.h"
 
 class QCloseEvent;
+class QResizeEvent;
+class QGroupBox;
+class QLabel;
+class QListView;
 
 namespace tos {
 struct App;
@@ -17,7 +21,8 @@ namespace tos::gui {
 // as the model says.
 class MainWindow : public QWidget {
 public:
-    // Inner area of the form at the designed 15 twips to the pixel.
+    // Inner area of the form at the designed 15 twips to the pixel; the window
+    // opens at this size and can be made larger, not smaller.
     static constexpr int kWidthPixels = 593;
     static constexpr int kHeightPixels = 432;
 
@@ -26,16 +31,23 @@ public:
 protected:
     // The close box does what the Exit button does.
     void closeEvent(QCloseEvent* event) override;
+    // The script list takes the room the window gains.
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void BuildProjectFrame();
     void BuildMaxFrame();
     void BuildRightColumn();
     void BuildOutputFrames();
+    void PlaceOutputFrames();
     void SyncForm();
 
     App& app_;
     FormPlacement placement_;
+    QGroupBox* output_ = nullptr;
+    QListView* script_ = nullptr;
+    QGroupBox* credits_ = nullptr;
+    QLabel* creditsText_ = nullptr;
 };
 
 } // namespace tos::gui

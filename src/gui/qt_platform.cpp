@@ -145,16 +145,17 @@ std::string QtPlatform::ProgramFolder()
     return PathToCore(QCoreApplication::applicationDirPath());
 }
 
-void QtPlatform::SetMousePointer(FormId, int pointer)
+// The pointer belongs to the form's own window, so the boxes and dialogs it
+// shows while it works keep the normal pointer.
+void QtPlatform::SetMousePointer(FormId form, int pointer)
 {
-    const bool wait = pointer == kPointerHourglass;
-    if (wait == waitCursor_)
+    const auto it = widgets_.find(form);
+    if (it == widgets_.end() || !it->second)
         return;
-    waitCursor_ = wait;
-    if (wait)
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (pointer == kPointerHourglass)
+        it->second->setCursor(Qt::WaitCursor);
     else
-        QApplication::restoreOverrideCursor();
+        it->second->unsetCursor();
 }
 
 double QtPlatform::TwipsPerPixel()

@@ -41,7 +41,6 @@ protected:
 
 private:
     std::map<FormId, QWidget*> widgets_;
-    bool waitCursor_ = false;
 };
 
 // A length in twips as whole pixels of the primary screen.

@@ -100,6 +100,8 @@ private:
     }
 
     // The first matching row becomes the merged object, every later one a copy.
+    // The counter is 16 bits wide, as the record list it counts: a list of 32,767
+    // rows brings it to 32,767 at most. The script buffer takes every row.
     void PlaceAll()
     {
         bool first = true;

@@ -24,7 +24,7 @@ struct Turns {
 Turns TurnsOf(const RunState& state);
 
 // Every row of a generated script is composed here and appended to the script
-// buffer one by one, so a full buffer stops a build at the row that did not fit.
+// buffer one by one, in the order the script runs.
 
 // The ten rows that open every script. maxFile is written in capitals.
 void AppendHeadBlock(ListBox& script, std::string_view scriptName, std::string_view maxFile);

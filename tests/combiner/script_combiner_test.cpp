@@ -60,27 +60,21 @@ TEST_F(CombinerTest, ReadsLinesIntoRowsAndSavesEachWithCrLf)
     }
 }
 
-TEST_F(CombinerTest, ListHoldsAtMost32767Rows)
+TEST_F(CombinerTest, KeepsAndSavesEveryLinePast32767)
 {
-    // clang-format off
-    const std::tuple<int, int, std::string, bool> cases[] = {
-        // lines of a first and a second script  last row  overflow
-        {1,              32762,                  "",       false},
-        {1,              32764,                  "last",   true},   // the empty rows do not fit
-        {32765,          1,                      "",       true},   // a full list takes nothing
-    };
-    // clang-format on
-    for (const auto& [first, second, lastRow, overflow] : cases) {
-        app.compiler.lstMaxScripts.Clear();
-        platform.ClearMessages();
-        // Empty lines, the last one "last".
-        for (const int lines : {first, second})
-            Add(dir.Write("in.ms", std::string(lines - 1, '\r') + "last\r"));
-        EXPECT_EQ(rows.size(), 32767u);
-        EXPECT_EQ(rows.back(), lastRow);
-        EXPECT_EQ(platform.Texts(),
-                  Rows(overflow, "Unexpected error in btnAddFile \n\n 6 - Overflow"));
-    }
+    std::string script;
+    for (int line = 1; line <= 20000; ++line)
+        script += "line " + std::to_string(line) + "\r\n";
+    const std::string in = dir.Write("in.ms", script), out = dir.Write("out.ms", "");
+    for (int i = 0; i < 3; ++i)
+        Add(in);
+    Press(app.compiler.btnSaveAs, out);
+    // Each script is followed by its two empty rows: 3 x 20,002 rows.
+    ASSERT_EQ(rows.size(), 60006u);
+    EXPECT_EQ(rows[40001] + "|" + rows[40004] + "|" + rows[60003], "line 20000|line 1|line 20000");
+    EXPECT_EQ(test::ReadBytes(out),
+              script + "\r\n\r\n" + script + "\r\n\r\n" + script + "\r\n\r\n");
+    EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(CombinerTest, EachOpeningStartsEmptyAndCancelChangesNothing)

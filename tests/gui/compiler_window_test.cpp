@@ -7,13 +7,13 @@
 
 #include "combiner/script_combiner.h"
 #include "common/fake_platform.h"
-#include "gui/compiler_window.h"
 #include "forms/app.h"
+#include "gui/compiler_window.h"
 
 namespace tos {
 namespace {
 
-TEST(CompilerWindowTest, FixedModalDialogThatOpensEmptyAndHidesOnDone)
+TEST(CompilerWindowTest, ModalDialogThatOpensEmptyGrowsByItsBorderAndHidesOnDone)
 {
     int argc = 1;
     char arg0[] = "compiler_window_test", *argv[] = {arg0, nullptr};
@@ -25,6 +25,10 @@ TEST(CompilerWindowTest, FixedModalDialogThatOpensEmptyAndHidesOnDone)
 
     EXPECT_EQ(window.windowTitle(), "Combine Scripts");
     EXPECT_FALSE(window.windowFlags() & Qt::WindowMinMaxButtonsHint);
+    // Opens at its designed size and can be made larger, not smaller.
+    EXPECT_EQ(window.size(), QSize(401, 355));
+    EXPECT_EQ(window.minimumSize(), window.size());
+    auto* list = window.findChild<QListView*>("lstMaxScripts");
     EXPECT_EQ(window.findChild<QWidget*>("frameCompiledMaxScript")->property("title").toString(),
               "Combine MAX Scripts into a Single Script");
     QStringList tabOrder;
@@ -45,8 +49,23 @@ TEST(CompilerWindowTest, FixedModalDialogThatOpensEmptyAndHidesOnDone)
             EXPECT_TRUE(window.isVisible() && window.isModal());
             // The list repaints once a burst of rows is over.
             QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
-            EXPECT_EQ(window.findChild<QListView*>("lstMaxScripts")->model()->rowCount(), 0);
-            app.compiler.lstMaxScripts.AddItem("added");
+            EXPECT_EQ(list->model()->rowCount(), 0);
+            // The list takes the room the window gains.
+            const QSize listSize = list->size();
+            window.resize(window.size() + QSize(300, 200));
+            EXPECT_EQ(list->size(), listSize + QSize(300, 200));
+            // Rows added behind narrower ones widen every row to the longest; a tab
+            // goes on to the next eighth column.
+            const QString tabbed = QString(6, u'\t') + QString(10, u'w');
+            const QString shown = QString(48, u' ') + QString(10, u'w');
+            for (const QStringList& burst : {QStringList{"added"}, {tabbed, QString(50, u'x')}}) {
+                for (const QString& row : burst)
+                    app.compiler.lstMaxScripts.AddItem(row.toStdString());
+                QCoreApplication::processEvents();
+            }
+            EXPECT_EQ(list->model()->index(1, 0).data().toString(), shown);
+            EXPECT_GE(list->visualRect(list->model()->index(0, 0)).width(),
+                      list->fontMetrics().horizontalAdvance(shown));
             leave();
             EXPECT_FALSE(window.isVisible());
             window.hide(); // never leave the test stuck in the modal loop

@@ -3,10 +3,17 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontDatabase>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QStandardPaths>
 #include <QTest>
+#include <QTimer>
 
 #include "common/fake_platform.h"
 #include "common/scratch.h"
@@ -34,6 +41,22 @@ struct MainWindowTest : ::testing::Test {
     }
     template <class W = QWidget> W* Find(const char* name) { return window.findChild<W*>(name); }
     QString Shown(const char* name) { return Find(name)->property("text").toString(); }
+    // Loads a scene of the given model sections through the Browse button.
+    void Load(const std::string& models, int count)
+    {
+        platform.dialogAnswers = {scratch.Write("Valley.prj", "")};
+        scratch.Write("Valley.scn", "[Environment]\r\nTerrainWidth=5\r\nTerrainWidthScale=3.0\r\n"
+                                    "[StaticModels]\r\nNumberOfStaticModels=" +
+                                        std::to_string(count) + "\r\n" + models);
+        QTest::mouseClick(Find("btnBrowseProjectFile"), Qt::LeftButton);
+        Settle();
+    }
+    // Runs what the event loop would run next: repaints after a burst of changes.
+    static void Settle()
+    {
+        for (int i = 0; i < 3; ++i)
+            QApplication::processEvents();
+    }
 
     test::ScratchDir scratch;
     test::FakePlatform platform;
@@ -43,7 +66,8 @@ struct MainWindowTest : ::testing::Test {
 
 TEST_F(MainWindowTest, StartsInTheFirstStateAndUserActionsGoThroughTheModel)
 {
-    EXPECT_TRUE(window.isVisible() && window.minimumSize() == window.maximumSize() &&
+    EXPECT_TRUE(window.isVisible() && window.size() == window.minimumSize() &&
+                window.maximumSize().width() > 2000 &&
                 !(window.windowFlags() & Qt::WindowMaximizeButtonHint));
     EXPECT_EQ(window.windowTitle() + " " + QString::number(window.width()),
               "Tolvarine Object Scripter 593");
@@ -62,11 +86,22 @@ TEST_F(MainWindowTest, StartsInTheFirstStateAndUserActionsGoThroughTheModel)
         EXPECT_TRUE(Shown(name) == shows && Find(name)->isEnabled() == enabled) << name;
     for (const char* name : {"txtProjectFilePath", "txtGridRes", "txtGridSize"})
         EXPECT_TRUE(Find<QLineEdit>(name)->isReadOnly()) << name;
-    EXPECT_EQ(Find("txtGridSize")->palette().color(QPalette::Base),
-              QApplication::palette().color(QPalette::Button));
+    // Locked and disabled boxes alike have the button-face colour.
+    for (const char* name : {"txtGridSize", "txtProjectFilePath"})
+        EXPECT_EQ(Find(name)->palette().color(QPalette::Base),
+                  QApplication::palette().color(QPalette::Button))
+            << name;
     EXPECT_EQ(Find("txtGridRes")->toolTip(), "Enter numbers ONLY!!");
-    EXPECT_EQ(Find("List2")->font().family() + QString::number(Find("List2")->font().pointSize()),
-              "Courier New9");
+    // The designed faces where installed, else their metric-compatible stand-ins.
+    const QStringList installed = QFontDatabase::families();
+    for (const auto& [name, designed, standIn] :
+         {std::tuple("List2", "Courier New", "Liberation Mono"),
+          {"comboSelectObject", "Arial", "Liberation Sans"}}) {
+        const QFont font = Find(name)->font();
+        EXPECT_EQ(font.family(), installed.contains(designed) ? designed : standIn) << name;
+        EXPECT_EQ(font.pointSize(), 9) << name;
+    }
+    EXPECT_TRUE(QFontInfo(Find("List2")->font()).fixedPitch());
 
     auto* main = Find<QCheckBox>("chkMainTile");
     auto* perimeter = Find<QCheckBox>("chkPerimeterTile");
@@ -94,21 +129,19 @@ TEST_F(MainWindowTest, StartsInTheFirstStateAndUserActionsGoThroughTheModel)
 
 TEST_F(MainWindowTest, ProjectLoadFillsTheObjectListAndWindowsTextGoesBothWays)
 {
-    platform.dialogAnswers = {scratch.Write("Valley.prj", "")};
-    scratch.Write("Valley.scn", "[Environment]\r\nTerrainWidth=5\r\nTerrainWidthScale=3.0\r\n"
-                                "[StaticModels]\r\nNumberOfStaticModels=2\r\n"
-                                "[Model1]\r\nSLT=Tree_KV_Oak.SLT\r\nPosition=1920,4,2000\r\n"
-                                "[Model2]\r\nSLT=Fox03.SLB\r\nPosition=1700,0,1800\r\n");
     // A window the user has dragged stays where it is.
     const QPoint dragged = window.pos() + QPoint(7, 9);
     window.move(dragged);
-    QTest::mouseClick(Find("btnBrowseProjectFile"), Qt::LeftButton);
-    QApplication::processEvents();
+    Load("[Model1]\r\nSLT=Tree_KV_Oak.SLT\r\nPosition=1920,4,2000\r\n"
+         "[Model2]\r\nSLT=Fox03.SLB\r\nPosition=1700,0,1800\r\n",
+         2);
     EXPECT_EQ(window.pos(), dragged);
     auto* combo = Find<QComboBox>("comboSelectObject");
     EXPECT_EQ(combo->itemText(0) + "|" + combo->itemText(1) + "|" + combo->currentText(),
               "* Option 2:  All Stock Single Bales|Tree|");
     EXPECT_TRUE(Find("btnProcess")->isEnabled() && Find("txtProjectFilePath")->isEnabled());
+    EXPECT_EQ(Find("txtProjectFilePath")->palette().color(QPalette::Base),
+              QApplication::palette().color(QPalette::Base));
     EXPECT_TRUE(platform.messages.empty());
     // A pick from the list reaches the model and, through it, the object name.
     QTest::mouseClick(Find("chkUseTolvarineName"), Qt::LeftButton);
@@ -122,6 +155,99 @@ TEST_F(MainWindowTest, ProjectLoadFillsTheObjectListAndWindowsTextGoesBothWays)
     EXPECT_EQ(app.main.txtMaxObjectName.Text(), "Tree\x80");
     app.main.txtMaxObjectName.SetText("\x93Oak\x94");
     EXPECT_EQ(Shown("txtMaxObjectName"), QString::fromUtf8("\u201cOak\u201d"));
+}
+
+TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeFromTheTopAndTakesTheRoomTheWindowGains)
+{
+    std::string models;
+    for (int n = 1; n <= 40; ++n)
+        models += "[Model" + std::to_string(n) +
+                  "]\r\nSLT=Tree.SLT\r\nPosition=" + std::to_string(1600 + n) +
+                  ",0,1700\r\nLookVector=-1,0,0\r\n";
+    Load(models, 40);
+    // A copy row names the object twice, so it is longer than the last row.
+    app.main.txtMaxFile.SetText("C:\\m\\tree.max");
+    app.main.txtMaxObjectName.SetText(std::string(150, 'T'));
+    app.main.comboSelectObject.SetText("Tree");
+    auto* list = Find<QListView>("List2");
+    const QFontMetrics metrics(list->font());
+    for (int run = 0; run < 2; ++run) {
+        // The user has read the former script down to its end, far to the right.
+        list->verticalScrollBar()->setValue(list->verticalScrollBar()->maximum());
+        list->horizontalScrollBar()->setValue(list->horizontalScrollBar()->maximum());
+        QTest::mouseClick(Find("btnProcess"), Qt::LeftButton);
+        Settle();
+        const int rows = list->model()->rowCount();
+        ASSERT_EQ(rows, static_cast<int>(app.main.List2.RowCount()));
+        int longest = 0;
+        for (int row = 0; row < rows; ++row) {
+            const QString text = list->model()->index(row, 0).data().toString();
+            EXPECT_GE(list->visualRect(list->model()->index(row, 0)).width(),
+                      metrics.horizontalAdvance(text))
+                << row;
+            longest = std::max(longest, metrics.horizontalAdvance(text));
+        }
+        EXPECT_GT(longest, list->viewport()->width());
+        EXPECT_GT(list->horizontalScrollBar()->maximum(), 0);
+        EXPECT_EQ(list->indexAt(QPoint(1, 1)).row(), 0);
+        EXPECT_EQ(list->horizontalScrollBar()->value(), 0);
+    }
+
+    const QSize listSize = list->size();
+    const int creditsGap = window.height() - Find("Frame1")->geometry().bottom();
+    window.resize(window.size() + QSize(200, 150));
+    EXPECT_EQ(list->size(), listSize + QSize(200, 150));
+    EXPECT_EQ(window.height() - Find("Frame1")->geometry().bottom(), creditsGap);
+}
+
+TEST_F(MainWindowTest, ObjectListDropsDownWideEnoughAndRaisesScroll)
+{
+    const std::string longStem = "Tree_" + std::string(90, 'w');
+    std::string models;
+    for (int n = 1; n <= 30; ++n)
+        models += "[Model" + std::to_string(n) +
+                  "]\r\nSLT=" + (n == 30 ? longStem : "Stem" + std::to_string(n)) +
+                  ".SLT\r\nPosition=1700,0,1700\r\n";
+    Load(models, 30);
+    auto* combo = Find<QComboBox>("comboSelectObject");
+    ASSERT_EQ(combo->count(), 30);
+    combo->showPopup();
+    Settle();
+    QAbstractItemView* popup = combo->view();
+    EXPECT_GT(popup->viewport()->width(),
+              QFontMetrics(popup->font()).horizontalAdvance(QString::fromStdString(longStem)));
+    int scrolls = 0;
+    app.main.comboSelectObject.Scroll.Connect([&scrolls] { ++scrolls; });
+    popup->verticalScrollBar()->setValue(popup->verticalScrollBar()->maximum());
+    combo->hidePopup();
+    EXPECT_EQ(scrolls, 1);
+}
+
+// The hourglass is the pointer of the form that works; a box it shows while it
+// works has the normal pointer.
+TEST_F(MainWindowTest, HourglassStaysOnTheFormNotOnItsBoxes)
+{
+    gui::QtPlatform qtPlatform;
+    App busy(qtPlatform);
+    gui::MainWindow busyWindow(busy);
+    qtPlatform.SetFormWidget(FormId::Main, &busyWindow);
+    busyWindow.show();
+    busy.SetMousePointer(FormId::Main, kPointerHourglass);
+    bool overridden = true;
+    Qt::CursorShape okPointer = Qt::WaitCursor;
+    QTimer::singleShot(0, &busyWindow, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        overridden = QApplication::overrideCursor() != nullptr;
+        okPointer = box->button(QMessageBox::Ok)->cursor().shape();
+        box->accept();
+    });
+    busy.Message("Working");
+    EXPECT_FALSE(overridden);
+    EXPECT_EQ(okPointer, Qt::ArrowCursor);
+    EXPECT_EQ(busyWindow.cursor().shape(), Qt::WaitCursor);
+    busy.SetMousePointer(FormId::Main, kPointerDefault);
+    EXPECT_EQ(busyWindow.cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST(QtPlatformTest, SettingsFiltersAndCodePage)

@@ -85,5 +85,31 @@ TEST(BuildScript, StopsWhereAFailureArisesAndNeverSpoilsAFormerFile)
     }
 }
 
+// The largest record list, every row a copy of one object: the 16-bit copy
+// counter reaches 32,767 without overflow and the script takes every row.
+TEST(BuildScript, CountsCopiesUpToTheLargestRecordList)
+{
+    BuildFixture f;
+    std::string scene;
+    std::vector<std::string> rows;
+    for (int n = 1; n <= ListBox::kMaxRows; ++n) {
+        scene += Model(n, "1600,0,1700", "0,0,-1");
+        rows.push_back("Tree|" + std::to_string(n) + "|001");
+    }
+    f.Scene(scene);
+    f.Rows(&MainForm::lstSCNdata2, rows);
+    MainForm& form = f.app.main;
+    form.comboSelectObject.SetText("Tree");
+    form.txtMaxFile.SetText("C:\\m\\tree.max");
+    form.txtMaxObjectName.SetText("Tree");
+    BuildScript(f.app);
+    EXPECT_TRUE(f.platform.Texts().empty());
+    // Head 10 rows, first object 6, 32,766 copies of 4, the first object's turn 3.
+    ASSERT_EQ(form.List2.RowCount(), 10u + 6 + 32766 * 4 + 3);
+    EXPECT_EQ(form.List2.Row(form.List2.RowCount() - 7),
+              "copy $Tree isSelected:on name:\"Tree32766\"");
+    EXPECT_EQ(ReadBytes(f.Written("Valley_Main_Tree.ms")), f.ScriptBytes());
+}
+
 } // namespace
 } // namespace tos
