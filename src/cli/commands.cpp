@@ -4,14 +4,15 @@
 #include <ostream>
 
 #include "cli/command_context.h"
-#include "cli/program_folder.h"
+#include "support/system.h"
 
 namespace tos::cli {
 
 int Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
         const std::string& programFolder)
 {
-    CommandContext context{out, err, programFolder.empty() ? ProgramFolder() : programFolder, {}};
+    CommandContext context{
+        out, err, programFolder.empty() ? ExecutableFolder() : programFolder, {}};
     CLI::App cli{"tos-cli: the Tolvarine Object Scripter from the command line.\n"
                  "Lists a project's objects, writes MAXScript files and combines them.",
                  "tos-cli"};

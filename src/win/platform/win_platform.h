@@ -27,8 +27,8 @@ double PixelsToTwips(int pixels);
 //  - In WM_SETCURSOR over the client area, a window asks PointerOf(its form): for
 //    kPointerHourglass it sets the wait cursor and returns TRUE, otherwise it leaves
 //    the message to DefWindowProc. SetMousePointer also changes the cursor at once
-//    when it is over that form, since no WM_SETCURSOR comes until the mouse moves.
-//    Message boxes keep their own arrow.
+//    when it is over that form: it sends WM_SETCURSOR to the window under the
+//    mouse, since none comes until the mouse moves. Message boxes keep their arrow.
 class WinPlatform : public Platform {
 public:
     std::function<HWND(FormId)> windowOf;
