@@ -10,7 +10,8 @@ namespace tos {
 
 // Signed integers whose every addition, subtraction and increment has the range
 // test (failure 6), as all counters and indexes of the program must.
-template <class Rep> class CheckedInt {
+template <class Rep>
+class CheckedInt {
 public:
     using rep = Rep;
     constexpr CheckedInt() = default;
@@ -87,17 +88,8 @@ inline Num Sqrt(Num x)
         Fail(err::InvalidCall);
     return Num(std::sqrt(x.value()));
 }
-inline Num Atan(Num x)
-{
-    return Num(std::atan(x.value()));
-}
-inline Num Sin(Num x)
-{
-    return Num(std::sin(x.value()));
-}
-inline Num Cos(Num x)
-{
-    return Num(std::cos(x.value()));
-}
+inline Num Atan(Num x) { return Num(std::atan(x.value())); }
+inline Num Sin(Num x) { return Num(std::sin(x.value())); }
+inline Num Cos(Num x) { return Num(std::cos(x.value())); }
 
 } // namespace tos

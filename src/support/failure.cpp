@@ -7,38 +7,22 @@ namespace tos {
 std::string FailureDescription(int number)
 {
     switch (number) {
-    case err::InvalidCall:
-        return "Invalid procedure call or argument";
-    case err::Overflow:
-        return "Overflow";
-    case err::OutOfMemory:
-        return "Out of memory";
-    case err::DivisionByZero:
-        return "Division by zero";
-    case err::TypeMismatch:
-        return "Type mismatch";
-    case err::BadFileName:
-        return "Bad file name or number";
-    case err::FileNotFound:
-        return "File not found";
-    case err::FileAlreadyOpen:
-        return "File already open";
-    case err::DeviceIO:
-        return "Device I/O error";
-    case err::DiskFull:
-        return "Disk full";
-    case err::InputPastEnd:
-        return "Input past end of file";
-    case err::PermissionDenied:
-        return "Permission denied";
-    case err::PathFileAccess:
-        return "Path/File access error";
-    case err::PathNotFound:
-        return "Path not found";
-    case err::DuplicateKey:
-        return "This key is already associated with an element of this collection";
-    default:
-        return "";
+    case err::InvalidCall: return "Invalid procedure call or argument";
+    case err::Overflow: return "Overflow";
+    case err::OutOfMemory: return "Out of memory";
+    case err::DivisionByZero: return "Division by zero";
+    case err::TypeMismatch: return "Type mismatch";
+    case err::BadFileName: return "Bad file name or number";
+    case err::FileNotFound: return "File not found";
+    case err::FileAlreadyOpen: return "File already open";
+    case err::DeviceIO: return "Device I/O error";
+    case err::DiskFull: return "Disk full";
+    case err::InputPastEnd: return "Input past end of file";
+    case err::PermissionDenied: return "Permission denied";
+    case err::PathFileAccess: return "Path/File access error";
+    case err::PathNotFound: return "Path not found";
+    case err::DuplicateKey: return "This key is already associated with an element of this collection";
+    default: return "";
     }
 }
 

@@ -19,28 +19,21 @@ enum class FileAccess { Read, Write };
 int FileFailureNumber(int errnoValue, FileAccess access)
 {
     switch (errnoValue) {
-    case ENOENT:
-        return access == FileAccess::Read ? err::FileNotFound : err::PathNotFound;
-    case ENOTDIR:
-        return err::PathNotFound;
+    case ENOENT: return access == FileAccess::Read ? err::FileNotFound : err::PathNotFound;
+    case ENOTDIR: return err::PathNotFound;
     case ETXTBSY:
-    case EBUSY:
-        return err::PermissionDenied;
+    case EBUSY: return err::PermissionDenied;
     case ENOSPC:
 #ifdef EDQUOT
     case EDQUOT:
 #endif
         return err::DiskFull;
-    case EIO:
-        return err::DeviceIO;
+    case EIO: return err::DeviceIO;
     case ENAMETOOLONG:
     case EILSEQ:
-    case EINVAL:
-        return err::BadFileName;
-    case ENOMEM:
-        return err::OutOfMemory;
-    default:
-        return err::PathFileAccess; // read-only, a folder, no permission, any other
+    case EINVAL: return err::BadFileName;
+    case ENOMEM: return err::OutOfMemory;
+    default: return err::PathFileAccess; // read-only, a folder, no permission, any other
     }
 }
 
