@@ -1,0 +1,8 @@
+#include <windows.h>
+
+#include "win/ui/application.h"
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
+{
+    return tos::win::ui::RunApplication();
+}
