@@ -3,7 +3,7 @@
 # the installer need; silent when all are present.
 set -euo pipefail
 packages=(
-  cmake make g++-mingw-w64-x86-64 binutils-mingw-w64-x86-64
+  cmake make g++ g++-mingw-w64-x86-64 binutils-mingw-w64-x86-64
   wine wine64 xvfb xauth nsis
   googletest libcli11-dev librsvg2-bin icoutils
 )

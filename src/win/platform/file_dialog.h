@@ -1,8 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
-#include <commdlg.h>
+#include "win/platform/win32.h"
 
 #include <functional>
 #include <string>

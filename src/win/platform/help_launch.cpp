@@ -1,8 +1,6 @@
 #include "win/platform/help_launch.h"
 
-#include <windows.h>
-
-#include <shellapi.h>
+#include "win/platform/win32.h"
 
 namespace tos::win {
 

@@ -67,7 +67,7 @@ HWND WinPlatform::FrontWindow() const
 void WinPlatform::ShowMessage(const MessageBox& box)
 {
     const UINT icon = box.icon == MessageIcon::Exclamation ? MB_ICONEXCLAMATION : 0;
-    MessageBoxA(FrontWindow(), box.text.c_str(), box.title.c_str(), MB_OK | icon);
+    ::MessageBoxA(FrontWindow(), box.text.c_str(), box.title.c_str(), MB_OK | icon);
 }
 
 std::string WinPlatform::ShowFileDialog(const FileDialogRequest& request)

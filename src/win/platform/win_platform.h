@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "win/platform/win32.h"
 
 #include <array>
 #include <functional>
@@ -19,7 +19,7 @@ double PixelsToTwips(int pixels);
 // The platform services over the Win32 API, "A" functions throughout so the core's
 // bytes reach Windows unconverted.
 //
-// How the windows use it:
+// How the windows use it (include "win/platform/win32.h" instead of <windows.h>):
 //  - Set `windowOf` once the forms' windows exist. It gives the top-level window of
 //    a form, or nullptr while it has none. Message boxes are owned by the form in
 //    front (the combiner while it is shown, else the main form); file dialogs by the
