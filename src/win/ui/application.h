@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "win/platform/win32.h"
 
 namespace tos::win::ui {
 

@@ -1,4 +1,4 @@
-#include <windows.h>
+#include "win/platform/win32.h"
 
 #include "win/ui/application.h"
 

@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <windows.h>
+#include "win/platform/win32.h"
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "common/scratch.h"
@@ -152,12 +153,14 @@ TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
     ASSERT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), static_cast<LRESULT>(objects.size()));
     HDC dc = GetDC(combo);
     SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(combo, WM_GETFONT, 0, 0)));
+    LONG longest = 0;
     for (const std::string& row : objects) {
         SIZE extent;
         GetTextExtentPoint32A(dc, row.c_str(), static_cast<int>(row.size()), &extent);
-        EXPECT_GT(SendMessageA(combo, CB_GETDROPPEDWIDTH, 0, 0), extent.cx) << row;
+        longest = std::max(longest, extent.cx);
     }
     ReleaseDC(combo, dc);
+    EXPECT_GT(SendMessageA(combo, CB_GETDROPPEDWIDTH, 0, 0), longest);
 
     // The user picks the oak's row with the object name following the selection.
     const auto tree = std::find(objects.begin(), objects.end(), "Tree");
@@ -166,6 +169,13 @@ TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
     SendMessageA(w.Main("chkUseTolvarineName"), BM_CLICK, 0, 0);
     PickRow(combo, static_cast<int>(tree - objects.begin()));
     EXPECT_EQ(Text(w.Main("txtMaxObjectName")), "Tree");
+
+    // A former script scrolled to its end; the new one shows from its first row.
+    for (int i = 0; i < 200; ++i)
+        w.app.main.List2.AddItem("former");
+    Pump();
+    SendMessageA(w.Main("List2"), LVM_ENSUREVISIBLE, 199, FALSE);
+    ASSERT_GT(SendMessageA(w.Main("List2"), LVM_GETTOPINDEX, 0, 0), 0);
 
     SendMessageA(w.Main("btnProcess"), BM_CLICK, 0, 0);
     Pump();
@@ -184,12 +194,14 @@ TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
     EXPECT_EQ(SendMessageA(list, LVM_GETTOPINDEX, 0, 0), 0);
     dc = GetDC(list);
     SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0)));
+    LONG widest = 0;
     for (const std::string& line : lines) {
         SIZE extent;
         GetTextExtentPoint32A(dc, line.c_str(), static_cast<int>(line.size()), &extent);
-        EXPECT_GE(SendMessageA(list, LVM_GETCOLUMNWIDTH, 0, 0), extent.cx) << line;
+        widest = std::max(widest, extent.cx);
     }
     ReleaseDC(list, dc);
+    EXPECT_GE(SendMessageA(list, LVM_GETCOLUMNWIDTH, 0, 0), widest);
 }
 
 TEST(MainWindowTest, TheScriptListTakesTheRoomAndShowsLongScriptsAtOnce)
