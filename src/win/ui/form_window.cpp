@@ -238,8 +238,12 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     }
     case WM_SIZE:
-        if (wParam != SIZE_MINIMIZED)
+        if (wParam != SIZE_MINIMIZED) {
             layout_.Apply(LOWORD(lParam), HIWORD(lParam));
+            // A frame paints its lines and not its inside, so what it covered is
+            // painted anew beneath it.
+            RedrawWindow(hwnd_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        }
         return 0;
     case WM_ACTIVATE:
         // Like a dialog: the control that had the focus gets it back.

@@ -112,14 +112,15 @@ void MainWindow::BuildOutputFrames()
 {
     MainForm& f = app_.main;
     // The script list takes whatever room the user gives the window.
-    Add<FrameMirror>(f.frameMaxScriptOutput, kForm.At(8, 292, kFullWidth, 100),
+    Add<FrameMirror>(f.frameMaxScriptOutput, kForm.At(8, 292, kFullWidth, 96),
                      kGrowRight | kGrowDown);
-    Add<ListMirror>(f.List2, kForm.At(16, 310, kFullWidth - 16, 76), kGrowRight | kGrowDown);
+    Add<ListMirror>(f.List2, kForm.At(16, 310, kFullWidth - 16, 72), kGrowRight | kGrowDown);
 
-    // The record lists are the program's working data, never shown.
-    Add<FrameMirror>(f.Frame1, kForm.At(8, 394, kFullWidth, 34), kGrowRight | kMoveDown);
-    Add<LabelMirror>(f.lblVersion, kForm.At(18, 407, 70, kLine), kMoveDown);
-    Add<LabelMirror>(f.lblCredits, kForm.At(98, 398, kFullWidth - 100, 28), kGrowRight | kMoveDown,
+    // The record lists are the program's working data, never shown. The credits
+    // stand below the frame's top line, in two lines.
+    Add<FrameMirror>(f.Frame1, kForm.At(8, 389, kFullWidth, 39), kGrowRight | kMoveDown);
+    Add<LabelMirror>(f.lblVersion, kForm.At(18, 404, 70, kLine), kMoveDown);
+    Add<LabelMirror>(f.lblCredits, kForm.At(98, 396, kFullWidth - 100, 30), kGrowRight | kMoveDown,
                      true);
 }
 

@@ -34,6 +34,34 @@ LOGFONTA FontOf(HWND window)
     return font;
 }
 
+// The tooltip a form shows for one of its controls.
+std::string Tip(HWND form, HWND control)
+{
+    struct Search {
+        HWND form;
+        HWND tips = nullptr;
+    } search{form};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM data) {
+            auto* s = reinterpret_cast<Search*>(data);
+            char name[64];
+            GetClassNameA(window, name, sizeof name);
+            if (GetWindow(window, GW_OWNER) == s->form && lstrcmpiA(name, TOOLTIPS_CLASSA) == 0)
+                s->tips = window;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    char text[256] = "";
+    TTTOOLINFOA tool{};
+    tool.cbSize = TTTOOLINFOA_V2_SIZE;
+    tool.hwnd = form;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = text;
+    SendMessageA(search.tips, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
+    return text;
+}
+
 TEST(MainWindowTest, FirstStateColoursFontsAndClicks)
 {
     Windows w;
@@ -91,6 +119,8 @@ TEST(MainWindowTest, FirstStateColoursFontsAndClicks)
     }
     ReleaseDC(form, dc);
     EXPECT_TRUE(Style(w.Main("txtGridSize")) & ES_READONLY);
+    EXPECT_EQ(Tip(form, w.Main("txtGridRes")), "Enter numbers ONLY!!");
+    EXPECT_EQ(Tip(form, w.Main("btnBrowseMaxFile")), "Browse for your 3dsMax file");
 
     // The script list is fixed-pitch at 9 points; the object list uses Arial's face.
     const LOGFONTA list = FontOf(w.Main("List2"));
