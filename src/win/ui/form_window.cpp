@@ -55,13 +55,12 @@ FormWindow::FormWindow(const std::string& caption, DWORD style, DWORD exStyle, H
 
 FormWindow::~FormWindow()
 {
-    // The mirrors go first: their windows die with the form's window.
-    byWindow_.clear();
-    byId_.clear();
-    pending_.clear();
-    mirrors_.clear();
     if (IsWindow(hwnd_)) {
         SetWindowLongPtrA(hwnd_, GWLP_USERDATA, 0);
+        // Focus leaves the form before it goes, so no control reports a loss of
+        // focus to the model while its window dies.
+        if (IsChild(hwnd_, GetFocus()))
+            SetFocus(nullptr);
         DestroyWindow(hwnd_);
     }
 }
