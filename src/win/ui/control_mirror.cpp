@@ -6,7 +6,21 @@
 
 namespace tos::win::ui {
 
-ControlMirror::~ControlMirror() = default;
+std::string ControlName(HWND window)
+{
+    const auto atom =
+        static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropA(window, kControlNameProperty)));
+    char name[256] = "";
+    if (atom != 0)
+        GlobalGetAtomNameA(atom, name, sizeof name);
+    return name;
+}
+
+ControlMirror::~ControlMirror()
+{
+    if (nameAtom_ != 0)
+        GlobalDeleteAtom(nameAtom_);
+}
 
 void ControlMirror::Create(const char* windowClass, DWORD style, DWORD exStyle)
 {
@@ -15,6 +29,9 @@ void ControlMirror::Create(const char* windowClass, DWORD style, DWORD exStyle)
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             GetModuleHandleA(nullptr), nullptr);
     form_.Register(this, hwnd_, id);
+    nameAtom_ = GlobalAddAtomA(Name().c_str());
+    SetPropA(hwnd_, kControlNameProperty,
+             reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(nameAtom_)));
     Created();
     SendMessageA(hwnd_, WM_SETFONT, reinterpret_cast<WPARAM>(form_.Fonts().Get(control_.GetFont())),
                  FALSE);

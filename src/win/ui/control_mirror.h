@@ -12,6 +12,12 @@ namespace tos::win::ui {
 
 class FormWindow;
 
+// The window property that holds a control's name as a global atom, so that
+// another program (a test driver, an accessibility tool) can find it by name.
+inline constexpr const char* kControlNameProperty = "TolvarineControlName";
+// The name of the control a window mirrors, or "" for another window.
+std::string ControlName(HWND window);
+
 // The native window of one control of a form model, tied to it both ways: what
 // the user does goes to the model as the control's own change or event, and
 // every change of the model repaints the window. The window is named after the
@@ -63,6 +69,7 @@ private:
     Control& control_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     std::string shownTip_;
+    ATOM nameAtom_ = 0;
 };
 
 } // namespace tos::win::ui

@@ -65,16 +65,21 @@ void Type(HWND window, const std::string& text)
     SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-std::string SourceFile(const std::string& relative)
+std::string BuildFile(const std::string& hostPath)
 {
     // Under Wine a host path is seen on drive Z:.
-    std::string path = std::string(TOS_SOURCE_DIR) + "/" + relative;
-    if (path.front() == '/')
+    std::string path = hostPath;
+    if (!path.empty() && path.front() == '/')
         path = "Z:" + path;
     for (char& c : path)
         if (c == '/')
             c = '\\';
     return path;
+}
+
+std::string SourceFile(const std::string& relative)
+{
+    return BuildFile(std::string(TOS_SOURCE_DIR) + "/" + relative);
 }
 
 } // namespace tos::test

@@ -36,5 +36,7 @@ void PickRow(HWND combo, int index);
 void Type(HWND window, const std::string& text);
 // A file of the source tree, as a Windows path.
 std::string SourceFile(const std::string& relative);
+// A path of the build machine, as a Windows path.
+std::string BuildFile(const std::string& hostPath);
 
 } // namespace tos::test
