@@ -40,10 +40,11 @@ FileDialogRequest ProjectRequest()
 TEST(ShowFileDialog, HandsTheRequestToTheDialogAsTheApiWantsIt)
 {
     OPENFILENAMEA seen{};
-    std::string filter;
-    std::string startName;
+    std::string filter, startName, title, initialDir;
     const auto answer = [&](OPENFILENAMEA& ofn) {
         seen = ofn;
+        title = ofn.lpstrTitle;
+        initialDir = ofn.lpstrInitialDir;
         filter.assign(ofn.lpstrFilter, DialogFilter("PRJ File (*.prj)|*.prj").size());
         startName = ofn.lpstrFile;
         std::strcpy(ofn.lpstrFile, "C:\\Projects\\Valley.prj");
@@ -52,8 +53,8 @@ TEST(ShowFileDialog, HandsTheRequestToTheDialogAsTheApiWantsIt)
     const HWND owner = reinterpret_cast<HWND>(0x1234);
     EXPECT_EQ(ShowFileDialog(owner, ProjectRequest(), answer), "C:\\Projects\\Valley.prj");
     EXPECT_EQ(seen.hwndOwner, owner);
-    EXPECT_STREQ(seen.lpstrTitle, "Open Tolvarine Project File (PRJ)");
-    EXPECT_STREQ(seen.lpstrInitialDir, "C:\\Projects");
+    EXPECT_EQ(title, "Open Tolvarine Project File (PRJ)");
+    EXPECT_EQ(initialDir, "C:\\Projects");
     EXPECT_EQ(filter, DialogFilter("PRJ File (*.prj)|*.prj"));
     EXPECT_EQ(seen.nFilterIndex, 1u);
     EXPECT_EQ(startName, "Start.prj");
