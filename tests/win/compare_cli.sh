@@ -25,6 +25,8 @@ cases=(
   "badoption|objects|Valley.prj|--object-scale|1|--grid-size|2"
   "nothing|script|Valley.prj|NoSuchObject|--max-file|x.max|--max-object|X"
   "version|--version"
+  "help|--help"
+  "scripthelp|script|--help"
 )
 
 run_all() { # cli side
@@ -40,7 +42,10 @@ run_all() { # cli side
     [ "$name" = combine ] && (cd "$root/Valley" && "${launcher[@]}" "$cli" script Valley.prj Barn \
       --max-file barn.max --use-max-name --ini TolvarineObjectScripter.ini >/dev/null 2>&1 || true)
     local extra=()
-    [ "${args[1]}" != combine ] && [ "${args[1]}" != --version ] && extra=(--ini TolvarineObjectScripter.ini)
+    case "${args[*]:1}" in
+      *--version* | *--help* | combine*) ;;
+      *) extra=(--ini TolvarineObjectScripter.ini) ;;
+    esac
     set +e
     (cd "$root/Valley" && "${launcher[@]}" "$cli" "${args[@]:1}" "${extra[@]}" \
       >"$root/out/$name.out" 2>"$root/out/$name.err")
