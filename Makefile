@@ -52,7 +52,7 @@ build-windows: configure-windows
 	@cmake --build $(WIN_BUILD_DIR) -j $(JOBS)
 
 test-windows: build-windows
-	@bash scripts/test-windows.sh $(WIN_BUILD_DIR) $(JOBS)
+	@TOS_LINUX_BUILD=$(BUILD_DIR) bash scripts/test-windows.sh $(WIN_BUILD_DIR) $(JOBS)
 
 package-windows: build-windows
 	@cmake --build $(WIN_BUILD_DIR) --target installer

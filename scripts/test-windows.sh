@@ -20,10 +20,14 @@ echo "Wine prefix ready after $(( $(date +%s) - started )) s"
 
 (cd "$build" && ctest -j "$jobs" --output-on-failure)
 
-# The Linux tos-cli, built on its own without the windows, tests or benchmarks.
-host=$build/host-cli
-cmake -S . -B "$host" -DCMAKE_BUILD_TYPE=Release -DTOS_BUILD_GUI=OFF -DTOS_BUILD_TESTS=OFF \
-  -DTOS_BUILD_BENCH=OFF >/dev/null
+# The Linux tos-cli: from the Linux build when there is one (`make test` made it),
+# else built on its own without the windows, tests or benchmarks.
+host=${TOS_LINUX_BUILD:-build}
+if [ ! -f "$host/CMakeCache.txt" ]; then
+  host=$build/host-cli
+  cmake -S . -B "$host" -DCMAKE_BUILD_TYPE=Release -DTOS_BUILD_GUI=OFF -DTOS_BUILD_TESTS=OFF \
+    -DTOS_BUILD_BENCH=OFF >/dev/null
+fi
 cmake --build "$host" -j "$jobs" --target tos-cli >/dev/null
 bash tests/win/compare_cli.sh "$host/src/cli/tos-cli" "$build/src/cli/tos-cli.exe"
 

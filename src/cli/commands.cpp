@@ -18,6 +18,8 @@ int Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
                  "tos-cli"};
     cli.set_version_flag("--version", std::string("tos-cli ") + TOS_VERSION);
     cli.require_subcommand(0, 1);
+    // Options begin with "-" on every platform; "/" starts a path, also on Windows.
+    cli.allow_windows_style_options(false);
     AddObjectsCommand(cli, context);
     AddScriptCommand(cli, context);
     AddCombineCommand(cli, context);

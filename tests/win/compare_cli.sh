@@ -10,11 +10,13 @@ source_dir=$(cd "$(dirname "$0")/../.." && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# One case a line: a name, then the arguments, separated by "|".
+# One case a line: a name, then the arguments, separated by "|"; @ROOT@ stands for the
+# run's folder, a path beginning with "/" on both sides.
 cases=(
   "objects|objects|Valley.prj"
   "perimeter|objects|Valley.prj|--perimeter"
   "grid|objects|Valley.prj|--grid-size|512"
+  "absolute|objects|@ROOT@/Valley/Valley.prj"
   "tree|script|Valley.prj|Tree|--max-file|C:\\models\\tree.max|--use-tolvarine-name"
   "stock|script|Valley.prj|* Option 1:  All Stock Billboard Banners|--max-file|b.max|--max-object|B"
   "unsaved|script|Valley.prj|Barn|--max-file|barn.max|--use-max-name|--vertical-scale|1.5|--no-save"
@@ -23,21 +25,27 @@ cases=(
   "badoption|objects|Valley.prj|--object-scale|1|--grid-size|2"
   "nothing|script|Valley.prj|NoSuchObject|--max-file|x.max|--max-object|X"
   "version|--version"
+  "help|--help"
+  "scripthelp|script|--help"
 )
 
 run_all() { # cli side
-  local cli=$1 side=$2 root=$work/$side
+  local cli=$1 side=$2
+  local root=$work/$side
   mkdir -p "$root/out"
   cp -r "$source_dir/examples/Valley" "$root/Valley"
   cp -r "$source_dir/resources/TolvarineObjectScripter.ini" "$root/Valley/"
   for entry in "${cases[@]}"; do
-    IFS='|' read -r -a args <<<"$entry"
+    IFS='|' read -r -a args <<<"${entry//@ROOT@/$root}"
     local name=${args[0]}
     # Barn is scripted first so that combine has both inputs.
     [ "$name" = combine ] && (cd "$root/Valley" && "${launcher[@]}" "$cli" script Valley.prj Barn \
       --max-file barn.max --use-max-name --ini TolvarineObjectScripter.ini >/dev/null 2>&1 || true)
     local extra=()
-    [ "${args[1]}" != combine ] && [ "${args[1]}" != --version ] && extra=(--ini TolvarineObjectScripter.ini)
+    case "${args[*]:1}" in
+      *--version* | *--help* | combine*) ;;
+      *) extra=(--ini TolvarineObjectScripter.ini) ;;
+    esac
     set +e
     (cd "$root/Valley" && "${launcher[@]}" "$cli" "${args[@]:1}" "${extra[@]}" \
       >"$root/out/$name.out" 2>"$root/out/$name.err")

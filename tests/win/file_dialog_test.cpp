@@ -1,9 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstring>
+#include <functional>
 #include <string>
+#include <thread>
+
+#include "common/scratch.h"
 
 #include "win/platform/file_dialog.h"
+
+#include <dlgs.h>
 
 namespace tos::win {
 namespace {
@@ -40,10 +47,11 @@ FileDialogRequest ProjectRequest()
 TEST(ShowFileDialog, HandsTheRequestToTheDialogAsTheApiWantsIt)
 {
     OPENFILENAMEA seen{};
-    std::string filter;
-    std::string startName;
+    std::string filter, startName, title, initialDir;
     const auto answer = [&](OPENFILENAMEA& ofn) {
         seen = ofn;
+        title = ofn.lpstrTitle;
+        initialDir = ofn.lpstrInitialDir;
         filter.assign(ofn.lpstrFilter, DialogFilter("PRJ File (*.prj)|*.prj").size());
         startName = ofn.lpstrFile;
         std::strcpy(ofn.lpstrFile, "C:\\Projects\\Valley.prj");
@@ -52,8 +60,8 @@ TEST(ShowFileDialog, HandsTheRequestToTheDialogAsTheApiWantsIt)
     const HWND owner = reinterpret_cast<HWND>(0x1234);
     EXPECT_EQ(ShowFileDialog(owner, ProjectRequest(), answer), "C:\\Projects\\Valley.prj");
     EXPECT_EQ(seen.hwndOwner, owner);
-    EXPECT_STREQ(seen.lpstrTitle, "Open Tolvarine Project File (PRJ)");
-    EXPECT_STREQ(seen.lpstrInitialDir, "C:\\Projects");
+    EXPECT_EQ(title, "Open Tolvarine Project File (PRJ)");
+    EXPECT_EQ(initialDir, "C:\\Projects");
     EXPECT_EQ(filter, DialogFilter("PRJ File (*.prj)|*.prj"));
     EXPECT_EQ(seen.nFilterIndex, 1u);
     EXPECT_EQ(startName, "Start.prj");
@@ -68,6 +76,61 @@ TEST(ShowFileDialog, CancelGivesNoChoice)
         return FALSE;
     };
     EXPECT_EQ(ShowFileDialog(nullptr, ProjectRequest(), cancel), "");
+}
+
+// The system's own dialog, answered by a second thread as a user would answer it.
+std::string AnswerSystemDialog(const FileDialogRequest& request,
+                               const std::function<void(HWND)>& answer)
+{
+    std::atomic<bool> closed{false};
+    std::thread user([&] {
+        for (int i = 0; i < 1000 && !closed; ++i) {
+            if (HWND dialog = FindWindowA(nullptr, request.title.c_str())) {
+                Sleep(300); // let it finish setting itself up
+                answer(dialog);
+                return;
+            }
+            Sleep(20);
+        }
+    });
+    const std::string chosen = ShowFileDialog(nullptr, request);
+    closed = true;
+    user.join();
+    return chosen;
+}
+
+std::string CurrentDirectory()
+{
+    char folder[MAX_PATH] = {};
+    GetCurrentDirectoryA(MAX_PATH, folder);
+    return folder;
+}
+
+TEST(ShowFileDialog, TheSystemDialogChangesTheCurrentDirectoryOnlyForAChoice)
+{
+    test::ScratchDir dir;
+    const std::string project = dir.Write("Valley.prj", "");
+    const std::string before = CurrentDirectory();
+    FileDialogRequest request = ProjectRequest();
+    request.initialFolder = dir.Path().string();
+    request.fileName = "";
+    // A title of its own, so no other test's dialog gets this test's answers.
+    request.title = "File dialog test " + std::to_string(GetCurrentProcessId());
+
+    const auto cancel = [](HWND dialog) { PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); };
+    EXPECT_EQ(AnswerSystemDialog(request, cancel), "");
+    EXPECT_EQ(CurrentDirectory(), before);
+
+    const auto choose = [](HWND dialog) {
+        SetDlgItemTextA(dialog, cmb13, "Valley.prj");
+        SetDlgItemTextA(dialog, edt1, "Valley.prj");
+        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    };
+    const std::string chosen = AnswerSystemDialog(request, choose);
+    const std::string after = CurrentDirectory();
+    SetCurrentDirectoryA(before.c_str());
+    EXPECT_EQ(lstrcmpiA(chosen.c_str(), project.c_str()), 0) << chosen;
+    EXPECT_EQ(lstrcmpiA(after.c_str(), dir.Path().string().c_str()), 0) << after;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "win/platform/win32.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,7 @@ std::string Theirs(const std::string& file, const Read& read)
     return buffer;
 }
 
+// The names a lookup can reach: the system also lists a second section of a name.
 std::vector<std::string> TheirSections(const std::string& file)
 {
     std::string list(4096, '\0');
@@ -49,7 +51,11 @@ std::vector<std::string> TheirSections(const std::string& file)
     std::vector<std::string> names;
     for (std::size_t start = 0; start < n;) {
         const std::size_t end = list.find('\0', start);
-        names.push_back(list.substr(start, end - start));
+        const std::string name = list.substr(start, end - start);
+        if (std::none_of(names.begin(), names.end(), [&](const std::string& seen) {
+                return lstrcmpiA(seen.c_str(), name.c_str()) == 0;
+            }))
+            names.push_back(name);
         start = end + 1;
     }
     return names;
@@ -63,8 +69,8 @@ const std::vector<Profile> kProfiles = {
     {"lf", "[Sec]\nKey=Value\nOther=2\n", kPlainReads},
     {"cr", "[Sec]\rKey=Value\rOther=2\r", kPlainReads},
     {"no end of line", "[Sec]\r\nKey=Value\r\nOther=2", kPlainReads},
-    {"blanks and tabs",
-     "  [ Sec ]  \r\n  Key \t=\t Value \t\r\n\tOther=\t2\r\n",
+    {"blanks and tabs round keys and values",
+     "  [Sec]  \r\n  Key \t=\t Value \t\r\n\tOther=\t2\r\n",
      {{"Sec", "Key"}, {"Sec", "Other"}, {" Sec ", "Key"}, {"Sec", " Key "}}},
     {"quotes",
      "[Q]\r\nD=\"double\"\r\nS='single'\r\nOpen=\"open\r\nMixed=\"a'\r\nInner=a\"b\"\r\n"
@@ -110,6 +116,44 @@ TEST(ProfileRoad, OurReaderAnswersAsTheSystemReader)
         for (std::string_view name : ours.SectionNames())
             ourSections.emplace_back(name);
         EXPECT_EQ(ourSections, TheirSections(path)) << profile.name << ": section names";
+    }
+}
+
+// Where Wine answers otherwise and our reader keeps to the rule we chose, the rule
+// holds for ours, and the system may give either answer.
+TEST(ProfileRoad, WhereWineDiffersOursKeepsItsRule)
+{
+    struct Row {
+        const char* rule;
+        std::string text;
+        Read read;
+        std::string ours;
+        std::string wine;
+    };
+    const Row rows[] = {
+        {.rule = "a header's name stands between the brackets unchanged",
+         .text = "[ Sec ]\r\nKey=Value\r\n",
+         .read = {"Sec", "Key"},
+         .ours = kNotFound,
+         .wine = "Value"},
+        {.rule = "a lookup trims the name asked for, not the header's",
+         .text = "[ Sec ]\r\nKey=Value\r\n",
+         .read = {" Sec ", "Key"},
+         .ours = kNotFound,
+         .wine = "Value"},
+        {.rule = "the same with a tab",
+         .text = "[\tSec]\r\nKey=Value\r\n",
+         .read = {"Sec", "Key"},
+         .ours = kNotFound,
+         .wine = "Value"},
+    };
+    test::ScratchDir dir;
+    int file = 0;
+    for (const Row& row : rows) {
+        const std::string path = dir.Write("d" + std::to_string(++file) + ".ini", row.text);
+        EXPECT_EQ(Ours(ParsedProfile(row.text), row.read), row.ours) << row.rule;
+        const std::string theirs = Theirs(path, row.read);
+        EXPECT_TRUE(theirs == row.ours || theirs == row.wine) << row.rule << ": " << theirs;
     }
 }
 

@@ -81,7 +81,10 @@ TEST_F(RegistryTest, StoredValuesReadWithTheLastByteDropped)
         {.name = "empty text", .type = REG_SZ, .bytes = std::string(1, '\0'), .read = ""},
         {.name = "zero length", .type = REG_SZ, .bytes = "", .read = ""},
         {.name = "no terminating zero", .type = REG_BINARY, .bytes = "abc", .read = "ab"},
-        {.name = "other type, read as text", .type = REG_EXPAND_SZ, .bytes = "%X%", .read = "%X"},
+        {.name = "other type, read as text",
+         .type = REG_EXPAND_SZ,
+         .bytes = std::string("%X%\0", 4),
+         .read = "%X%"},
     };
     for (const Row& row : rows) {
         StoreRaw("Value", row.type, row.bytes);

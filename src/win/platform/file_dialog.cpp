@@ -38,13 +38,20 @@ std::string ShowFileDialog(HWND owner, const FileDialogRequest& request, const F
     ofn.lpstrTitle = request.title.empty() ? nullptr : request.title.c_str();
     ofn.Flags = static_cast<DWORD>(request.flags);
 
+    // The dialog may move the current directory while the user looks around (Wine moves
+    // it to the initial folder at once); only a choice may leave it moved.
+    std::vector<char> before(GetCurrentDirectoryA(0, nullptr) + 1, '\0');
+    GetCurrentDirectoryA(static_cast<DWORD>(before.size()), before.data());
+
     BOOL chosen = FALSE;
     if (show)
         chosen = show(ofn);
     else
         chosen = request.save ? GetSaveFileNameA(&ofn) : GetOpenFileNameA(&ofn);
-    if (!chosen)
+    if (!chosen) {
+        SetCurrentDirectoryA(before.data());
         return "";
+    }
     return std::string(file.data());
 }
 
