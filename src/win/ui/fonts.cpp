@@ -21,6 +21,10 @@ int CALLBACK NoteFound(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM found)
 
 bool Installed(const std::string& face)
 {
+    // The fonts installed do not change while the program runs, and asking is slow.
+    static std::map<std::string, bool> known;
+    if (const auto it = known.find(face); it != known.end())
+        return it->second;
     LOGFONTA wanted{};
     wanted.lfCharSet = DEFAULT_CHARSET;
     lstrcpynA(wanted.lfFaceName, face.c_str(), LF_FACESIZE);
@@ -28,6 +32,7 @@ bool Installed(const std::string& face)
     HDC screen = GetDC(nullptr);
     EnumFontFamiliesExA(screen, &wanted, NoteFound, reinterpret_cast<LPARAM>(&found), 0);
     ReleaseDC(nullptr, screen);
+    known[face] = found;
     return found;
 }
 
