@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <memory>
 
 #include "common/scratch.h"
 #include "win/ui/fonts.h"
@@ -161,6 +163,51 @@ TEST(MainWindowTest, FirstStateColoursFontsAndClicks)
     // The close box does what Exit does.
     SendMessageA(form, WM_CLOSE, 0, 0);
     EXPECT_TRUE(w.ended && !w.app.main.loaded && !IsWindowVisible(form));
+}
+
+TEST(MainWindowTest, WindowMessagesRaiseTheControlsEvents)
+{
+    Windows w;
+    HWND combo = w.Main("comboSelectObject");
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ASSERT_TRUE(GetComboBoxInfo(combo, &parts));
+    HWND maxFile = w.Main("txtMaxFile");
+    ComboBox& c = w.app.main.comboSelectObject;
+    TextBox& t = w.app.main.txtMaxFile;
+    struct Row {
+        const char* what;
+        std::function<void()> send;
+        Event* raised;
+    };
+    const Row rows[] = {
+        {.what = "the dropped list scrolls",
+         .send = [&] { SendMessageA(parts.hwndList, WM_VSCROLL, SB_LINEDOWN, 0); },
+         .raised = &c.Scroll},
+        {.what = "the list drops down",
+         .send = [&] { SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0); },
+         .raised = &c.DropDown},
+        {.what = "a click into the box",
+         .send = [&] { SendMessageA(maxFile, WM_LBUTTONUP, 0, 0); },
+         .raised = &t.Click},
+        {.what = "a double click",
+         .send = [&] { SendMessageA(maxFile, WM_LBUTTONDBLCLK, 0, 0); },
+         .raised = &t.DblClick},
+        {.what = "focus from another box",
+         .send = [&] { SetFocus(maxFile); },
+         .raised = &t.GotFocus},
+        {.what = "focus to another box",
+         .send = [&] { SetFocus(w.Main("txtMaxObjectName")); },
+         .raised = &t.LostFocus},
+    };
+    SetFocus(w.Main("txtVerticalScale"));
+    for (const Row& r : rows) {
+        auto raised = std::make_shared<int>(0);
+        r.raised->Connect([raised] { ++*raised; });
+        r.send();
+        EXPECT_EQ(*raised, 1) << r.what;
+    }
+    SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
 }
 
 TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
