@@ -12,12 +12,12 @@ namespace {
 
 constexpr const char* kWindowClass = "TolvarineObjectScripterForm";
 
-void RegisterFormClass()
+void RegisterFormClass(WNDPROC proc)
 {
-    static const bool registered = [] {
+    static const bool registered = [proc] {
         WNDCLASSEXA wc{};
         wc.cbSize = sizeof wc;
-        wc.lpfnWndProc = DefWindowProcA;
+        wc.lpfnWndProc = proc;
         wc.hInstance = GetModuleHandleA(nullptr);
         wc.hCursor = LoadCursorA(nullptr, IDC_ARROW);
         wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
@@ -39,14 +39,12 @@ FormWindow::FormWindow(const std::string& caption, DWORD style, DWORD exStyle, H
                        int widthTwips, int heightTwips)
     : fonts_(scale_), layout_(scale_, widthTwips, heightTwips), style_(style), exStyle_(exStyle)
 {
-    RegisterFormClass();
+    RegisterFormClass(&FormWindow::Proc);
     RECT outer{0, 0, scale_.Pixels(widthTwips), scale_.Pixels(heightTwips)};
     AdjustWindowRectEx(&outer, style, FALSE, exStyle);
     hwnd_ = CreateWindowExA(exStyle, kWindowClass, caption.c_str(), style, CW_USEDEFAULT,
                             CW_USEDEFAULT, outer.right - outer.left, outer.bottom - outer.top,
-                            owner, nullptr, GetModuleHandleA(nullptr), nullptr);
-    SetWindowLongPtrA(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetWindowLongPtrA(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&FormWindow::Proc));
+                            owner, nullptr, GetModuleHandleA(nullptr), this);
 
     tips_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP,
                             CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd_,
@@ -176,6 +174,12 @@ ControlMirror* FormWindow::MirrorOf(HWND window) const
 
 LRESULT CALLBACK FormWindow::Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    if (message == WM_NCCREATE) {
+        // The window learns its form as it is made.
+        auto* made = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+        SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made->lpCreateParams));
+        reinterpret_cast<FormWindow*>(made->lpCreateParams)->hwnd_ = hwnd;
+    }
     auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
     if (!self)
         return DefWindowProcA(hwnd, message, wParam, lParam);
