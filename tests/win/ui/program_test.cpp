@@ -5,6 +5,7 @@
 #include <dlgs.h>
 
 #include <functional>
+#include <memory>
 
 #include "common/scratch.h"
 #include "win/ui/control_mirror.h"
@@ -13,13 +14,28 @@
 namespace tos::test {
 namespace {
 
-// Asks again until found or ten seconds have gone by.
+// Asks again until found or thirty seconds have gone by: a first start of the
+// system's dialog in a new Wine prefix is slow.
 HWND WaitFor(const std::function<HWND()>& find)
 {
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 600; ++i) {
         if (HWND found = find())
             return found;
         Sleep(50);
+    }
+    return nullptr;
+}
+
+// The visible window of that title of one process; another instance left
+// running must not answer.
+HWND WindowOf(DWORD processId, const char* title)
+{
+    for (HWND at = FindWindowA(nullptr, title); at;
+         at = FindWindowExA(nullptr, at, nullptr, title)) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(at, &owner);
+        if (owner == processId && IsWindowVisible(at))
+            return at;
     }
     return nullptr;
 }
@@ -51,9 +67,9 @@ LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 }
 
 // The user answers the project dialog of the system's common dialog.
-void ChooseInOpenDialog(const char* title, const std::string& path)
+void ChooseInOpenDialog(DWORD processId, const char* title, const std::string& path)
 {
-    HWND dialog = WaitFor([title] { return FindWindowA("#32770", title); });
+    HWND dialog = WaitFor([&] { return WindowOf(processId, title); });
     ASSERT_NE(dialog, nullptr) << title;
     HWND name = GetDlgItem(dialog, cmb13);
     if (!name)
@@ -77,11 +93,20 @@ TEST(ProgramTest, LoadsTheExampleProjectAndWritesTheScriptOfAnObject)
     PROCESS_INFORMATION process{};
     ASSERT_TRUE(CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
                                nullptr, &startup, &process));
-    HWND form = WaitFor([] { return FindWindowA(nullptr, "Tolvarine Object Scripter"); });
+    // A program left open by a failed step must not outlive the test.
+    const std::unique_ptr<PROCESS_INFORMATION, void (*)(PROCESS_INFORMATION*)> running(
+        &process, [](PROCESS_INFORMATION* p) {
+            if (WaitForSingleObject(p->hProcess, 0) != WAIT_OBJECT_0)
+                TerminateProcess(p->hProcess, 1);
+            CloseHandle(p->hThread);
+            CloseHandle(p->hProcess);
+        });
+    HWND form = WaitFor([&] { return WindowOf(process.dwProcessId, "Tolvarine Object Scripter"); });
     ASSERT_NE(form, nullptr);
 
     PostMessageA(Control(form, "btnBrowseProjectFile"), BM_CLICK, 0, 0);
-    ChooseInOpenDialog("Open Tolvarine Project File (PRJ)", scratch.File("Valley.prj"));
+    ChooseInOpenDialog(process.dwProcessId, "Open Tolvarine Project File (PRJ)",
+                       scratch.File("Valley.prj"));
     EXPECT_NE(WaitFor([&] {
                   HWND process = Control(form, "btnProcess");
                   return IsWindowEnabled(process) ? process : nullptr;
@@ -110,10 +135,6 @@ TEST(ProgramTest, LoadsTheExampleProjectAndWritesTheScriptOfAnObject)
     DWORD status = 1;
     GetExitCodeProcess(process.hProcess, &status);
     EXPECT_EQ(status, 0u);
-    if (WaitForSingleObject(process.hProcess, 0) != WAIT_OBJECT_0)
-        TerminateProcess(process.hProcess, 1);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
 }
 
 } // namespace
