@@ -4,7 +4,6 @@
 
 #include "common/scratch.h"
 #include "win/platform/help_launch.h"
-#include "win/platform/win_platform.h"
 
 namespace tos::win {
 namespace {
@@ -23,28 +22,6 @@ TEST(LaunchDocument, FailureIsReportedAsFalse)
     };
     for (const Row& row : rows)
         EXPECT_FALSE(LaunchDocument(row.file)) << row.name;
-}
-
-TEST(WinPlatform, PointerAndScreenAsTheWindowsReadThem)
-{
-    WinPlatform platform;
-    platform.SetMousePointer(FormId::Compiler, kPointerHourglass);
-    EXPECT_EQ(platform.PointerOf(FormId::Compiler), kPointerHourglass);
-    EXPECT_EQ(platform.PointerOf(FormId::Main), kPointerDefault);
-    platform.SetMousePointer(FormId::Compiler, kPointerDefault);
-    EXPECT_EQ(platform.PointerOf(FormId::Compiler), kPointerDefault);
-
-    const ScreenSize screen = platform.Screen();
-    EXPECT_DOUBLE_EQ(screen.widthTwips, GetSystemMetrics(SM_CXSCREEN) * TwipsPerPixel());
-    EXPECT_EQ(TwipsToPixels(PixelsToTwips(640)), 640);
-}
-
-TEST(WinPlatform, ProgramFolderIsTheFolderOfTheRunningExe)
-{
-    char exe[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, exe, MAX_PATH);
-    const std::string folder = WinPlatform().ProgramFolder();
-    EXPECT_EQ(folder + "\\test_win_platform.exe", exe);
 }
 
 } // namespace

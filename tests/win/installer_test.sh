@@ -23,6 +23,9 @@ for file in tos-cli.exe TolvarineObjectScripter.ini TOS_Help.html Uninstall.exe;
   [ -f "$folder/$file" ] || fail "$file not installed in $folder"
 done
 wine reg query "$uninstall_key" /v UninstallString >/dev/null 2>&1 || fail "no uninstall entry"
+appdata=$(wine cmd /c 'echo %APPDATA%' | tr -d '\r')
+menu=$(winepath -u "$appdata\\Microsoft\\Windows\\Start Menu\\Programs\\Tolvarine Object Scripter")
+ls "$menu"/*.lnk >/dev/null 2>&1 || fail "no Start-menu entry in $menu"
 
 # The installed tool finds the catalogue beside itself: the stock options show.
 objects=$(wine "$folder/tos-cli.exe" objects "$source_dir/examples/Valley/Valley.prj")
@@ -33,5 +36,6 @@ grep -qx 'WaterTower' <<<"$objects" || fail "unexpected objects: $objects"
 wine "$folder/Uninstall.exe" /S
 wineserver -w
 [ ! -e "$folder" ] || fail "folder left behind: $(ls -A "$folder")"
+[ ! -e "$menu" ] || fail "Start-menu entry left behind: $(ls -A "$menu")"
 if wine reg query "$uninstall_key" >/dev/null 2>&1; then fail "uninstall entry left behind"; fi
 echo "installer test: install, run and uninstall passed"
