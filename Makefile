@@ -5,7 +5,10 @@ JOBS ?= $(shell nproc)
 MAKEFLAGS += --no-print-directory
 WERROR := $(if $(CI),ON,OFF)
 
+WIN_BUILD_DIR ?= build-windows
+
 .PHONY: all deps configure build run test bench format package clean
+.PHONY: deps-windows configure-windows build-windows test-windows package-windows
 
 all: build
 
@@ -36,3 +39,20 @@ package: build
 
 clean:
 	@rm -rf $(BUILD_DIR)
+
+# Windows: cross-built with mingw-w64, tested under Wine, shipped by NSIS.
+deps-windows:
+	@bash scripts/install-windows-deps.sh
+
+configure-windows: deps-windows
+	@cmake -S . -B $(WIN_BUILD_DIR) -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-w64-x86_64.cmake \
+		-DCMAKE_BUILD_TYPE=Release -DTOS_WERROR=$(WERROR) >/dev/null
+
+build-windows: configure-windows
+	@cmake --build $(WIN_BUILD_DIR) -j $(JOBS)
+
+test-windows: build-windows
+	@TOS_LINUX_BUILD=$(BUILD_DIR) bash scripts/test-windows.sh $(WIN_BUILD_DIR) $(JOBS)
+
+package-windows: build-windows
+	@cmake --build $(WIN_BUILD_DIR) --target installer

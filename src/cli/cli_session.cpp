@@ -1,12 +1,11 @@
 #include "cli/cli_session.h"
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <ostream>
-#include <system_error>
 
 #include "forms/app.h"
 #include "shell/startup.h"
+#include "support/files.h"
 
 namespace tos::cli {
 
@@ -72,8 +71,7 @@ void AddLoadOptions(CLI::App& sub, LoadOptions& options)
         ->check(
             [](const std::string& project) -> std::string {
                 // The file dialog only ever answers an existing file.
-                std::error_code ec;
-                if (project.empty() || std::filesystem::is_regular_file(AbsolutePath(project), ec))
+                if (project.empty() || FileExists(AbsolutePath(project)))
                     return "";
                 return "project file not found: " + project;
             },
@@ -97,10 +95,7 @@ void AddLoadOptions(CLI::App& sub, LoadOptions& options)
 
 std::string AbsolutePath(const std::string& path)
 {
-    if (path.empty() || std::filesystem::path(path).is_absolute())
-        return path;
-    std::error_code ec;
-    return std::filesystem::current_path(ec).string() + kPathSeparator + path;
+    return FullPath(path);
 }
 
 int StartAndLoad(tos::App& app, CliPlatform& platform, const LoadOptions& options)

@@ -4,20 +4,23 @@
 #include <ostream>
 
 #include "cli/command_context.h"
-#include "cli/program_folder.h"
+#include "support/system.h"
 
 namespace tos::cli {
 
 int Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
         const std::string& programFolder)
 {
-    CommandContext context{out, err, programFolder.empty() ? ProgramFolder() : programFolder, {}};
+    CommandContext context{
+        out, err, programFolder.empty() ? ExecutableFolder() : programFolder, {}};
     CLI::App cli{"tos-cli: the Tolvarine Object Scripter from the command line.\n"
                  "Lists a project's objects, writes MAXScript files and combines them,\n"
                  "and draws scene maps.",
                  "tos-cli"};
     cli.set_version_flag("--version", std::string("tos-cli ") + TOS_VERSION);
     cli.require_subcommand(0, 1);
+    // Options begin with "-" on every platform; "/" starts a path, also on Windows.
+    cli.allow_windows_style_options(false);
     AddObjectsCommand(cli, context);
     AddScriptCommand(cli, context);
     AddCombineCommand(cli, context);

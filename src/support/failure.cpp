@@ -1,8 +1,5 @@
 #include "support/failure.h"
 
-#include <cerrno>
-#include <sys/stat.h>
-
 #include "support/conversions.h"
 
 namespace tos {
@@ -34,39 +31,6 @@ Failure::Failure(int number) : number_(number), description_(FailureDescription(
 void Fail(int number)
 {
     throw Failure(number);
-}
-
-int FileFailureNumber(int errnoValue, FileAccess access)
-{
-    switch (errnoValue) {
-    case ENOENT: return access == FileAccess::Read ? err::FileNotFound : err::PathNotFound;
-    case ENOTDIR: return err::PathNotFound;
-    case ETXTBSY:
-    case EBUSY: return err::PermissionDenied;
-    case ENOSPC:
-#ifdef EDQUOT
-    case EDQUOT:
-#endif
-        return err::DiskFull;
-    case EIO: return err::DeviceIO;
-    case ENAMETOOLONG:
-    case EILSEQ:
-    case EINVAL: return err::BadFileName;
-    case ENOMEM: return err::OutOfMemory;
-    default: return err::PathFileAccess; // read-only, a folder, no permission, any other
-    }
-}
-
-int FileFailureNumber(int errnoValue, FileAccess access, const std::string& path)
-{
-    if (access == FileAccess::Read && errnoValue == ENOENT) {
-        const std::size_t last = path.find_last_of('/');
-        const std::string folder = last == std::string::npos ? "." : path.substr(0, last + 1);
-        struct stat st {};
-        if (::stat(folder.c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
-            return err::PathNotFound;
-    }
-    return FileFailureNumber(errnoValue, access);
 }
 
 std::string TrapMessageColon(const std::string& routine, const Failure& f)

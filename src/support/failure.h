@@ -45,8 +45,7 @@ private:
 
 // Runs body as a routine with a trap: a Failure (or memory exhaustion, as 7) is
 // caught and returned; nothing else is.
-template <class Body>
-std::optional<Failure> Trap(Body&& body)
+template <class Body> std::optional<Failure> Trap(Body&& body)
 {
     try {
         body();
@@ -57,14 +56,6 @@ std::optional<Failure> Trap(Body&& body)
     }
     return std::nullopt;
 }
-
-// What a file operation was doing when the platform reported errno.
-enum class FileAccess { Read, Write };
-
-// Maps an errno value of a failed open/read/write to the failure number a user sees.
-int FileFailureNumber(int errnoValue, FileAccess access);
-// The same for a named file: reading a missing file is 53, but 76 when its folder is missing.
-int FileFailureNumber(int errnoValue, FileAccess access, const std::string& path);
 
 // The two trap message forms used throughout the program.
 // "Unexpected error in NAME: DESCRIPTION ( N)"

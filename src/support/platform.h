@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "support/system.h"
+
 namespace tos {
 
 // The program's two forms, for services that act on one of them.
@@ -72,12 +74,5 @@ public:
 
     virtual ScreenSize Screen() = 0;
 };
-
-// The separator of paths the program builds.
-#ifdef _WIN32
-inline constexpr char kPathSeparator = '\\';
-#else
-inline constexpr char kPathSeparator = '/';
-#endif
 
 } // namespace tos

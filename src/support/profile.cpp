@@ -1,11 +1,11 @@
 #include "support/profile.h"
 
 #include <algorithm>
-#include <ctime>
 
 #include "support/conversions.h"
 #include "support/platform.h"
 #include "support/profile_state.h"
+#include "support/system.h"
 
 namespace tos {
 
@@ -13,24 +13,6 @@ namespace {
 
 constexpr std::int64_t kLargeFile = 65535;
 constexpr std::int64_t kLookLifetimeNs = 100'000'000;
-constexpr std::size_t kParsedCopies = 8;
-
-// What the reader of small files hands out: the value or the default, at most size - 1
-// characters, and its length.
-std::int32_t CopyToBuffer(std::string_view value, std::string& buffer, std::int32_t size)
-{
-    buffer.assign(value.substr(0, static_cast<std::size_t>(std::max(size - 1, 0))));
-    return static_cast<std::int32_t>(buffer.size());
-}
-
-// The coarse clock is read from memory, while the precise one may cost as much as
-// the rest of a read; a few milliseconds of resolution are plenty for a 100 ms window.
-std::int64_t CoarseNowNs()
-{
-    timespec ts{};
-    clock_gettime(CLOCK_MONOTONIC_COARSE, &ts);
-    return static_cast<std::int64_t>(ts.tv_sec) * 1'000'000'000 + ts.tv_nsec;
-}
 
 } // namespace
 
@@ -67,26 +49,6 @@ const FileFacts& ProfileFiles::Impl::FreshFacts(const std::string& file)
     return look.facts;
 }
 
-const ParsedProfile* ProfileFiles::Impl::ParsedCopy(const std::string& file, const FileFacts& facts)
-{
-    auto it =
-        std::find_if(parsed.begin(), parsed.end(), [&](const Parsed& p) { return p.path == file; });
-    if (it != parsed.end() && it->stamp == facts.stamp) {
-        if (it != parsed.begin())
-            std::rotate(parsed.begin(), it, it + 1);
-        return parsed.front().profile.get();
-    }
-    if (it != parsed.end())
-        parsed.erase(it);
-    std::unique_ptr<ParsedProfile> profile;
-    if (Trap([&] { profile = std::make_unique<ParsedProfile>(ReadWholeFile(file)); }))
-        return nullptr;
-    if (parsed.size() == kParsedCopies)
-        parsed.pop_back();
-    parsed.insert(parsed.begin(), Parsed{file, facts.stamp, std::move(profile)});
-    return parsed.front().profile.get();
-}
-
 ProfileFiles::ProfileFiles(Platform& platform) : impl_(std::make_unique<Impl>(platform)) {}
 
 ProfileFiles::~ProfileFiles() = default;
@@ -100,11 +62,7 @@ std::string ProfileFiles::GetINIString(const std::string& section, const std::st
         const FileFacts& facts = impl_->Facts(file);
         std::int32_t n = 0;
         if (facts.length < kLargeFile) {
-            const ParsedProfile* profile = impl_->ParsedCopy(file, facts);
-            std::optional<std::string_view> value;
-            if (profile != nullptr)
-                value = profile->Value(section, key);
-            n = CopyToBuffer(value.value_or(kNotFound), buffer, 255);
+            n = impl_->ReadSmallFile(section, key, kNotFound, buffer, 255, file, facts);
         } else {
             n = ReadValueFromCache(section, key, kNotFound, buffer, 255, file);
         }
@@ -126,7 +84,7 @@ void ProfileFiles::FlushProfileFile(const std::string& file)
     Impl& s = *impl_;
     if (s.look.path == file)
         s.look.valid = false;
-    std::erase_if(s.parsed, [&](const Impl::Parsed& p) { return p.path == file; });
+    s.FlushSmallFile(file);
     // The large-file copy and the numbered sections stay: they go by the file's stamp,
     // and a project load would otherwise read and index a big scene twice.
 }
@@ -160,10 +118,10 @@ std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const st
             return;
         }
         if (facts.length < kLargeFile) {
-            const ParsedProfile* profile = s.ParsedCopy(file, facts);
-            if (profile == nullptr)
+            const auto names = s.SmallFileSections(file, facts);
+            if (!names)
                 return;
-            for (std::string_view name : profile->SectionNames())
+            for (const std::string& name : *names)
                 consider(name);
         } else {
             if (file != s.SectionCacheFile || facts.stamp != s.SectionCacheStamp)

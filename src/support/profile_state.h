@@ -33,7 +33,20 @@ struct ProfileFiles::Impl {
     // A fresh look, also kept for the next reads.
     const FileFacts& FreshFacts(const std::string& file);
 
-    // Small files: parsed copies, each valid while the stamp it was read at holds.
+    // The first road, for files below 65,535 bytes: a reader that behaves like the
+    // platform's, which on Windows is the platform's own. Each platform has its file.
+    // The value or the default, at most size - 1 characters, and its length.
+    std::int32_t ReadSmallFile(const std::string& section, const std::string& key,
+                               const std::string& defaultValue, std::string& buffer,
+                               std::int32_t size, const std::string& file, const FileFacts& facts);
+    // Names of the sections that reader can reach; nullopt when the file cannot be read.
+    std::optional<std::vector<std::string>> SmallFileSections(const std::string& file,
+                                                              const FileFacts& facts);
+    // Drops that reader's copy of the file.
+    void FlushSmallFile(const std::string& file);
+
+    // Small files on our own reader: parsed copies, each valid while the stamp it was
+    // read at holds.
     struct Parsed {
         std::string path;
         std::string stamp;

@@ -6,6 +6,7 @@
 #include "cli/cli_session.h"
 #include "cli/commands.h"
 #include "common/scratch.h"
+#include "support/system.h"
 
 namespace tos::test {
 namespace {
@@ -51,8 +52,11 @@ TEST(ObjectsCommand, ListsTheObjectsReportsEveryMessageBoxAndRejectsBadUsage)
     const auto previous = std::filesystem::current_path();
     std::filesystem::current_path(dir.Path());
     std::filesystem::create_directory("x");
-    // A relative project gets the current folder and a separator in front, and nothing else.
-    EXPECT_EQ(cli::AbsolutePath("./x/../Flat.prj"), dir.Path().string() + "/./x/../Flat.prj");
+    // A relative project gets the current folder and a separator in front, and nothing else;
+    // Windows also folds the dots, as it does for every path it makes full.
+    EXPECT_EQ(cli::AbsolutePath("./x/../Flat.prj"), kPathSeparator == '/'
+                                                         ? dir.Path().string() + "/./x/../Flat.prj"
+                                                         : dir.File("Flat.prj"));
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.args));
         std::vector<const char*> argv{"tos-cli", "objects"};

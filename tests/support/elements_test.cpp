@@ -5,6 +5,7 @@
 
 #include "common/fake_platform.h"
 #include "support/elements.h"
+#include "support/system.h"
 
 namespace tos {
 namespace {
@@ -68,10 +69,14 @@ TEST(GetNextElement, ScansWithAnEndMark)
     EXPECT_EQ(platform.Texts(), std::vector<std::string>{"GetNextElement:  5 0"});
 }
 
+struct PathRow {
+    std::string path, name, base, extension;
+};
+
 TEST(PathParts, NameBaseAndExtension)
 {
     // clang-format off
-    const struct { std::string path, name, base, extension; } rows[] = {
+    const PathRow rows[] = {
         {"C:\\x\\y.ms",             "y.ms",       "y",     "ms"},
         {"\\\\server\\share\\y.ms", "y.ms",       "y",     "ms"},
         {"y.ms",                    "y.ms",       "y",     "ms"},
@@ -81,14 +86,27 @@ TEST(PathParts, NameBaseAndExtension)
         {"noext",                   "noext",      "noext", ""},
         {".hidden",                 ".hidden",    "",      "hidden"},
         {"C:\\a\\\\b\\c.txt",       "a",          "c",     ""},
+        {"/a/b\\c.d",               "c.d",        "c",     "d"},
+    };
+    // Where "/" is the separator it counts as "\\"; on Windows it is an ordinary character.
+    const PathRow slashRows[] = {
         {"/home/u/",                "u",          "",      ""},
         {"//server/share/y.ms",     "y.ms",       "y",     "ms"},
-        {"/a/b\\c.d",               "c.d",        "c",     "d"},
         {"/a//b/c.d",               "",           "c",     ""},
+    };
+    const PathRow windowsSlashRows[] = {
+        {"/home/u/",                "/home/u/",   "/home/u/",  ""},
+        {"//server/share/y.ms",     "//server/share/y.ms", "//server/share/y", "ms"},
+        {"/a//b/c.d",               "/a//b/c.d",  "/a//b/c",   "d"},
     };
     // clang-format on
     test::FakePlatform platform;
-    for (const auto& r : rows) {
+    std::vector<PathRow> all(std::begin(rows), std::end(rows));
+    if (kPathSeparator == '/')
+        all.insert(all.end(), std::begin(slashRows), std::end(slashRows));
+    else
+        all.insert(all.end(), std::begin(windowsSlashRows), std::end(windowsSlashRows));
+    for (const auto& r : all) {
         EXPECT_EQ(GetFileName(platform, r.path), r.name) << r.path;
         EXPECT_EQ(GetBaseName(platform, r.path), r.base) << r.path;
         EXPECT_EQ(GetFileExtension(platform, r.path), r.extension) << r.path;

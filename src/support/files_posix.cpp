@@ -1,0 +1,186 @@
+#include "support/files.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "support/failure.h"
+
+namespace tos {
+
+namespace {
+
+// What a file operation was doing when the system reported errno.
+enum class FileAccess { Read, Write };
+
+// The failure number a user sees for errno of a failed open, read or write.
+int FileFailureNumber(int errnoValue, FileAccess access)
+{
+    switch (errnoValue) {
+    case ENOENT: return access == FileAccess::Read ? err::FileNotFound : err::PathNotFound;
+    case ENOTDIR: return err::PathNotFound;
+    case ETXTBSY:
+    case EBUSY: return err::PermissionDenied;
+    case ENOSPC:
+#ifdef EDQUOT
+    case EDQUOT:
+#endif
+        return err::DiskFull;
+    case EIO: return err::DeviceIO;
+    case ENAMETOOLONG:
+    case EILSEQ:
+    case EINVAL: return err::BadFileName;
+    case ENOMEM: return err::OutOfMemory;
+    default: return err::PathFileAccess; // read-only, a folder, no permission, any other
+    }
+}
+
+// The same for a named file: reading a missing file is 53, but 76 when its folder is missing.
+int FileFailureNumber(int errnoValue, FileAccess access, const std::string& path)
+{
+    if (access == FileAccess::Read && errnoValue == ENOENT) {
+        const std::size_t last = path.find_last_of('/');
+        const std::string folder = last == std::string::npos ? "." : path.substr(0, last + 1);
+        struct stat st {};
+        if (::stat(folder.c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
+            return err::PathNotFound;
+    }
+    return FileFailureNumber(errnoValue, access);
+}
+
+// Closes the descriptor however the routine ends.
+class FileHandle {
+public:
+    explicit FileHandle(int fd) : fd_(fd) {}
+    ~FileHandle()
+    {
+        if (fd_ >= 0)
+            ::close(fd_);
+    }
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+    int get() const { return fd_; }
+    // Closes now; false when the system reports that the data did not get out.
+    bool Close()
+    {
+        const int fd = fd_;
+        fd_ = -1;
+        return ::close(fd) == 0 || errno == EINTR;
+    }
+
+private:
+    int fd_;
+};
+
+bool WriteAll(int fd, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t n = ::write(fd, bytes.data(), bytes.size());
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(n));
+    }
+    return true;
+}
+
+// A folder or a missing path is no file to measure: 53.
+struct stat StatOfFile(const std::string& path)
+{
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0) {
+        const int e = errno;
+        Fail(e == ENOENT || e == ENOTDIR ? err::FileNotFound
+                                         : FileFailureNumber(e, FileAccess::Read));
+    }
+    if (S_ISDIR(st.st_mode))
+        Fail(err::FileNotFound);
+    return st;
+}
+
+// Modification time to the nanosecond and the size: any change of either shows.
+std::string StampText(const struct stat& st)
+{
+    return std::to_string(static_cast<long long>(st.st_mtim.tv_sec)) + "." +
+           std::to_string(static_cast<long long>(st.st_mtim.tv_nsec)) + " " +
+           std::to_string(static_cast<long long>(st.st_size));
+}
+
+} // namespace
+
+bool FileExists(const std::string& path)
+{
+    struct stat st {};
+    return ::stat(path.c_str(), &st) == 0 && !S_ISDIR(st.st_mode);
+}
+
+FileFacts GetFileFacts(const std::string& path)
+{
+    const struct stat st = StatOfFile(path);
+    return {static_cast<std::int64_t>(st.st_size), StampText(st)};
+}
+
+std::string ReadWholeFile(const std::string& path)
+{
+    FileHandle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (file.get() < 0)
+        Fail(FileFailureNumber(errno, FileAccess::Read, path));
+    struct stat st {};
+    if (::fstat(file.get(), &st) != 0)
+        Fail(FileFailureNumber(errno, FileAccess::Read));
+    if (S_ISDIR(st.st_mode))
+        Fail(err::PathFileAccess);
+    std::string bytes;
+    // One byte spare, so the read that meets the end needs no larger buffer.
+    bytes.resize(static_cast<std::size_t>(st.st_size) + 1);
+    std::size_t have = 0;
+    for (;;) {
+        if (have == bytes.size())
+            bytes.resize(bytes.size() + 65536);
+        const ssize_t n = ::read(file.get(), bytes.data() + have, bytes.size() - have);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            Fail(FileFailureNumber(errno, FileAccess::Read));
+        }
+        if (n == 0)
+            break;
+        have += static_cast<std::size_t>(n);
+    }
+    bytes.resize(have);
+    return bytes;
+}
+
+void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& rows)
+{
+    // Everyone may write as the super-user, so a file without any write permission bit
+    // counts as read-only and is left as it is.
+    struct stat st {};
+    if (::stat(path.c_str(), &st) == 0 && (S_ISDIR(st.st_mode) || (st.st_mode & 0222) == 0))
+        Fail(err::PathFileAccess);
+
+    FileHandle file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    if (file.get() < 0)
+        Fail(FileFailureNumber(errno, FileAccess::Write));
+
+    constexpr std::size_t kChunk = 1 << 16;
+    std::string pending;
+    pending.reserve(kChunk + 256);
+    for (const auto& row : rows) {
+        pending += row;
+        pending += "\r\n";
+        if (pending.size() >= kChunk) {
+            if (!WriteAll(file.get(), pending))
+                Fail(FileFailureNumber(errno, FileAccess::Write));
+            pending.clear();
+        }
+    }
+    if (!WriteAll(file.get(), pending) || !file.Close())
+        Fail(FileFailureNumber(errno, FileAccess::Write));
+}
+
+} // namespace tos

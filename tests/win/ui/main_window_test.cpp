@@ -1,0 +1,328 @@
+#include <gtest/gtest.h>
+
+#include "win/platform/win32.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "common/scratch.h"
+#include "win/ui/fonts.h"
+#include "window_driver.h"
+
+namespace tos::test {
+namespace {
+
+LONG Style(HWND window)
+{
+    return GetWindowLongA(window, GWL_STYLE);
+}
+
+RECT Place(HWND control)
+{
+    RECT r;
+    GetWindowRect(control, &r);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&r), 2);
+    return r;
+}
+
+LOGFONTA FontOf(HWND window)
+{
+    LOGFONTA font{};
+    GetObjectA(reinterpret_cast<HFONT>(SendMessageA(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+    return font;
+}
+
+// The tooltip a form shows for one of its controls.
+std::string Tip(HWND form, HWND control)
+{
+    struct Search {
+        HWND form;
+        HWND tips = nullptr;
+    } search{form};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM data) {
+            auto* s = reinterpret_cast<Search*>(data);
+            char name[64];
+            GetClassNameA(window, name, sizeof name);
+            if (GetWindow(window, GW_OWNER) == s->form && lstrcmpiA(name, TOOLTIPS_CLASSA) == 0)
+                s->tips = window;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    char text[256] = "";
+    TTTOOLINFOA tool{};
+    tool.cbSize = TTTOOLINFOA_V2_SIZE;
+    tool.hwnd = form;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = text;
+    SendMessageA(search.tips, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
+    return text;
+}
+
+TEST(MainWindowTest, FirstStateColoursFontsAndClicks)
+{
+    Windows w;
+    HWND form = w.main.Handle();
+    RECT client;
+    GetClientRect(form, &client);
+    EXPECT_TRUE(IsWindowVisible(form));
+    EXPECT_EQ(Text(form), "Tolvarine Object Scripter");
+    EXPECT_TRUE(!(Style(form) & WS_MAXIMIZEBOX) && (Style(form) & WS_THICKFRAME));
+    EXPECT_EQ(client.right, w.main.Dpi().Pixels(8895));
+    EXPECT_EQ(client.bottom, w.main.Dpi().Pixels(6480));
+
+    struct Row {
+        const char* name;
+        const char* shows;
+        bool enabled;
+    };
+    const Row rows[] = {
+        {.name = "txtProjectFilePath", .shows = "", .enabled = false},
+        {.name = "txtGridRes", .shows = "3.0", .enabled = true},
+        {.name = "txtObjectScale", .shows = "100.000000", .enabled = true},
+        {.name = "btnProcess", .shows = "&Process", .enabled = false},
+        {.name = "chkMainTile", .shows = "Main Tile (re-load required)", .enabled = true},
+        {.name = "lblVersion", .shows = "Beta 1", .enabled = true},
+    };
+    for (const Row& r : rows)
+        EXPECT_TRUE(Text(w.Main(r.name)) == r.shows &&
+                    (IsWindowEnabled(w.Main(r.name)) != FALSE) == r.enabled)
+            << r.name;
+
+    // The colour a box asks its form for: a disabled box keeps the system's
+    // disabled look, a locked one is grey, an editable one white.
+    struct Colour {
+        const char* name;
+        UINT message;
+        HBRUSH brush;
+    };
+    const Colour colours[] = {
+        {.name = "txtProjectFilePath",
+         .message = WM_CTLCOLORSTATIC,
+         .brush = GetSysColorBrush(COLOR_BTNFACE)},
+        {.name = "txtGridSize",
+         .message = WM_CTLCOLORSTATIC,
+         .brush = GetSysColorBrush(COLOR_BTNFACE)},
+        {.name = "txtVerticalScale",
+         .message = WM_CTLCOLOREDIT,
+         .brush = GetSysColorBrush(COLOR_WINDOW)},
+    };
+    HDC dc = GetDC(form);
+    for (const Colour& c : colours) {
+        const auto brush =
+            reinterpret_cast<HBRUSH>(SendMessageA(form, c.message, reinterpret_cast<WPARAM>(dc),
+                                                  reinterpret_cast<LPARAM>(w.Main(c.name))));
+        EXPECT_EQ(brush, c.brush) << c.name;
+    }
+    ReleaseDC(form, dc);
+    EXPECT_TRUE(Style(w.Main("txtGridSize")) & ES_READONLY);
+    EXPECT_EQ(Tip(form, w.Main("txtGridRes")), "Enter numbers ONLY!!");
+    EXPECT_EQ(Tip(form, w.Main("btnBrowseMaxFile")), "Browse for your 3dsMax file");
+
+    // The script list is fixed-pitch at 9 points; the object list uses Arial's face.
+    const LOGFONTA list = FontOf(w.Main("List2"));
+    const LOGFONTA combo = FontOf(w.Main("comboSelectObject"));
+    EXPECT_EQ(std::string(list.lfFaceName), win::ui::InstalledFace("Courier New"));
+    EXPECT_EQ(list.lfHeight, w.main.Dpi().FontHeight(9));
+    EXPECT_EQ(std::string(combo.lfFaceName), win::ui::InstalledFace("Arial"));
+
+    // The tile boxes stay opposite whichever the user clicks.
+    HWND mainTile = w.Main("chkMainTile");
+    HWND perimeter = w.Main("chkPerimeterTile");
+    for (HWND clicked : {mainTile, mainTile, perimeter, perimeter}) {
+        SendMessageA(clicked, BM_CLICK, 0, 0);
+        EXPECT_NE(SendMessageA(mainTile, BM_GETCHECK, 0, 0),
+                  SendMessageA(perimeter, BM_GETCHECK, 0, 0));
+        EXPECT_EQ(SendMessageA(mainTile, BM_GETCHECK, 0, 0) == BST_CHECKED,
+                  w.app.main.chkMainTile.Checked());
+    }
+
+    // Leaving a box cleans what was typed; the box that rules is the one unlocked.
+    SendMessageA(w.Main("chkUseObjectScale"), BM_CLICK, 0, 0);
+    EXPECT_FALSE(Style(w.Main("txtGridSize")) & ES_READONLY);
+    SetFocus(w.Main("txtGridSize"));
+    Type(w.Main("txtGridSize"), "2.5");
+    SetFocus(w.Main("txtVerticalScale"));
+    EXPECT_EQ(Text(w.Main("txtGridSize")), "2");
+
+    // The hourglass stands over the form while it works.
+    w.app.SetMousePointer(FormId::Main, kPointerHourglass);
+    EXPECT_TRUE(SendMessageA(form, WM_SETCURSOR, reinterpret_cast<WPARAM>(form),
+                             MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)));
+    EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, IDC_WAIT));
+    w.app.SetMousePointer(FormId::Main, kPointerDefault);
+    SendMessageA(form, WM_SETCURSOR, reinterpret_cast<WPARAM>(form),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, IDC_ARROW));
+
+    // The close box does what Exit does.
+    SendMessageA(form, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(w.ended && !w.app.main.loaded && !IsWindowVisible(form));
+}
+
+TEST(MainWindowTest, WindowMessagesRaiseTheControlsEvents)
+{
+    Windows w;
+    HWND combo = w.Main("comboSelectObject");
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ASSERT_TRUE(GetComboBoxInfo(combo, &parts));
+    HWND maxFile = w.Main("txtMaxFile");
+    ComboBox& c = w.app.main.comboSelectObject;
+    TextBox& t = w.app.main.txtMaxFile;
+    struct Row {
+        const char* what;
+        std::function<void()> send;
+        Event* raised;
+    };
+    const Row rows[] = {
+        {.what = "the dropped list scrolls",
+         .send = [&] { SendMessageA(parts.hwndList, WM_VSCROLL, SB_LINEDOWN, 0); },
+         .raised = &c.Scroll},
+        {.what = "the list drops down",
+         .send = [&] { SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0); },
+         .raised = &c.DropDown},
+        {.what = "a click into the box",
+         .send = [&] { SendMessageA(maxFile, WM_LBUTTONUP, 0, 0); },
+         .raised = &t.Click},
+        {.what = "a double click",
+         .send = [&] { SendMessageA(maxFile, WM_LBUTTONDBLCLK, 0, 0); },
+         .raised = &t.DblClick},
+        {.what = "focus from another box",
+         .send = [&] { SetFocus(maxFile); },
+         .raised = &t.GotFocus},
+        {.what = "focus to another box",
+         .send = [&] { SetFocus(w.Main("txtMaxObjectName")); },
+         .raised = &t.LostFocus},
+    };
+    SetFocus(w.Main("txtVerticalScale"));
+    for (const Row& r : rows) {
+        auto raised = std::make_shared<int>(0);
+        r.raised->Connect([raised] { ++*raised; });
+        r.send();
+        EXPECT_EQ(*raised, 1) << r.what;
+    }
+    SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
+}
+
+TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
+{
+    ScratchDir scratch;
+    for (const char* name : {"Valley.prj", "Valley.scn"})
+        scratch.Write(name, ReadBytes(SourceFile(std::string("examples/Valley/") + name)));
+    Windows w;
+    w.platform.dialogAnswers = {scratch.File("Valley.prj")};
+    SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
+    Pump();
+    EXPECT_EQ(w.platform.Texts(), std::vector<std::string>{});
+    EXPECT_TRUE(IsWindowEnabled(w.Main("btnProcess")) &&
+                IsWindowEnabled(w.Main("txtProjectFilePath")));
+    EXPECT_EQ(Text(w.Main("txtProjectFilePath")), scratch.File("Valley.prj"));
+
+    // Every row of the object list is offered, and the drop-down fits the longest.
+    HWND combo = w.Main("comboSelectObject");
+    const auto& objects = w.app.main.comboSelectObject.Items().Rows();
+    ASSERT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), static_cast<LRESULT>(objects.size()));
+    HDC dc = GetDC(combo);
+    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(combo, WM_GETFONT, 0, 0)));
+    LONG longest = 0;
+    for (const std::string& row : objects) {
+        SIZE extent;
+        GetTextExtentPoint32A(dc, row.c_str(), static_cast<int>(row.size()), &extent);
+        longest = std::max(longest, extent.cx);
+    }
+    ReleaseDC(combo, dc);
+    EXPECT_GT(SendMessageA(combo, CB_GETDROPPEDWIDTH, 0, 0), longest);
+
+    // The user picks the oak's row with the object name following the selection.
+    const auto tree = std::find(objects.begin(), objects.end(), "Tree");
+    ASSERT_NE(tree, objects.end());
+    Type(w.Main("txtMaxFile"), "C:\\Models\\Oak.max");
+    SendMessageA(w.Main("chkUseTolvarineName"), BM_CLICK, 0, 0);
+    PickRow(combo, static_cast<int>(tree - objects.begin()));
+    EXPECT_EQ(Text(w.Main("txtMaxObjectName")), "Tree");
+
+    // A former script scrolled to its end; the new one shows from its first row.
+    for (int i = 0; i < 200; ++i)
+        w.app.main.List2.AddItem("former");
+    Pump();
+    SendMessageA(w.Main("List2"), LVM_ENSUREVISIBLE, 199, FALSE);
+    ASSERT_GT(SendMessageA(w.Main("List2"), LVM_GETTOPINDEX, 0, 0), 0);
+
+    SendMessageA(w.Main("btnProcess"), BM_CLICK, 0, 0);
+    Pump();
+    EXPECT_EQ(w.platform.Texts(), std::vector<std::string>{});
+    const std::string script = ReadBytes(w.app.state.ScriptFileName);
+    ASSERT_TRUE(std::filesystem::exists(w.app.state.ScriptFileName));
+
+    // The list shows the script as written, from its first row, every row whole.
+    HWND list = w.Main("List2");
+    const auto& lines = w.app.main.List2.Rows();
+    ASSERT_EQ(ListCount(list), static_cast<int>(lines.size()));
+    std::string shown;
+    for (int i = 0; i < ListCount(list); ++i)
+        shown += ListRow(list, i) + "\r\n";
+    EXPECT_EQ(shown, script);
+    EXPECT_EQ(SendMessageA(list, LVM_GETTOPINDEX, 0, 0), 0);
+    dc = GetDC(list);
+    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0)));
+    LONG widest = 0;
+    for (const std::string& line : lines) {
+        SIZE extent;
+        GetTextExtentPoint32A(dc, line.c_str(), static_cast<int>(line.size()), &extent);
+        widest = std::max(widest, extent.cx);
+    }
+    ReleaseDC(list, dc);
+    EXPECT_GE(SendMessageA(list, LVM_GETCOLUMNWIDTH, 0, 0), widest);
+}
+
+TEST(MainWindowTest, TheScriptListTakesTheRoomAndShowsLongScriptsAtOnce)
+{
+    Windows w;
+    HWND form = w.main.Handle();
+    struct Follow {
+        const char* name;
+        int dx, dy;       // how the control's size follows the form's
+        int moveX, moveY; // how its place follows
+    };
+    const Follow follows[] = {
+        {.name = "List2", .dx = 1, .dy = 1, .moveX = 0, .moveY = 0},
+        {.name = "frameMaxScriptOutput", .dx = 1, .dy = 1, .moveX = 0, .moveY = 0},
+        {.name = "lblCredits", .dx = 1, .dy = 0, .moveX = 0, .moveY = 1},
+        {.name = "btnProcess", .dx = 0, .dy = 0, .moveX = 0, .moveY = 0},
+    };
+    std::vector<RECT> before;
+    for (const Follow& f : follows)
+        before.push_back(Place(w.Main(f.name)));
+    RECT outer;
+    GetWindowRect(form, &outer);
+    SetWindowPos(form, nullptr, 0, 0, outer.right - outer.left + 200,
+                 outer.bottom - outer.top + 150, SWP_NOMOVE | SWP_NOZORDER);
+    for (std::size_t i = 0; i < std::size(follows); ++i) {
+        const Follow& f = follows[i];
+        const RECT now = Place(w.Main(f.name));
+        EXPECT_EQ(now.right - now.left, before[i].right - before[i].left + 200 * f.dx) << f.name;
+        EXPECT_EQ(now.bottom - now.top, before[i].bottom - before[i].top + 150 * f.dy) << f.name;
+        EXPECT_EQ(now.left, before[i].left + 200 * f.moveX) << f.name;
+        EXPECT_EQ(now.top, before[i].top + 150 * f.moveY) << f.name;
+    }
+
+    // Rows come one by one; the view shows them all once the burst is over.
+    constexpr int kRows = 30000;
+    const auto start = GetTickCount64();
+    for (int i = 0; i < kRows; ++i)
+        w.app.main.List2.AddItem("row " + std::to_string(i));
+    Pump();
+    EXPECT_LT(GetTickCount64() - start, 2000u);
+    HWND list = w.Main("List2");
+    EXPECT_EQ(ListCount(list), kRows);
+    EXPECT_EQ(ListRow(list, kRows - 1), "row 29999");
+}
+
+} // namespace
+} // namespace tos::test

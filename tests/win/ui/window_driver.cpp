@@ -1,0 +1,85 @@
+#include "window_driver.h"
+
+#include <commctrl.h>
+
+#include <vector>
+
+#include "shell/startup.h"
+
+namespace tos::test {
+
+Windows::Windows()
+{
+    static const bool controls = [] {
+        INITCOMMONCONTROLSEX init{sizeof init, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES};
+        return InitCommonControlsEx(&init) != FALSE;
+    }();
+    (void)controls;
+    app.endProcess = [this] { ended = true; };
+    tos::Main(app);
+    Pump();
+}
+
+void Pump()
+{
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+}
+
+std::string Text(HWND window)
+{
+    std::vector<char> text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1);
+    GetWindowTextA(window, text.data(), static_cast<int>(text.size()));
+    return text.data();
+}
+
+std::string ListRow(HWND list, int index)
+{
+    std::vector<char> text(4096);
+    LVITEMA item{};
+    item.iSubItem = 0;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&item));
+    return text.data();
+}
+
+int ListCount(HWND list)
+{
+    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+void PickRow(HWND combo, int index)
+{
+    SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    SendMessageA(GetParent(combo), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+}
+
+void Type(HWND window, const std::string& text)
+{
+    SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+std::string BuildFile(const std::string& hostPath)
+{
+    // Under Wine a host path is seen on drive Z:.
+    std::string path = hostPath;
+    if (!path.empty() && path.front() == '/')
+        path = "Z:" + path;
+    for (char& c : path)
+        if (c == '/')
+            c = '\\';
+    return path;
+}
+
+std::string SourceFile(const std::string& relative)
+{
+    return BuildFile(std::string(TOS_SOURCE_DIR) + "/" + relative);
+}
+
+} // namespace tos::test

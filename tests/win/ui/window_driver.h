@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "common/fake_platform.h"
+#include "forms/app.h"
+#include "win/ui/compiler_window.h"
+#include "win/ui/main_window.h"
+
+namespace tos::test {
+
+// Both windows over one run of the program, started as the desktop program
+// starts, with the recording platform answering dialogs and boxes.
+struct Windows {
+    Windows();
+
+    HWND Main(const char* name) const { return main.Find(name); }
+    HWND Compiler(const char* name) const { return compiler.Find(name); }
+
+    FakePlatform platform;
+    App app{platform};
+    win::ui::MainWindow main{app};
+    win::ui::CompilerWindow compiler{app, main.Handle()};
+    bool ended = false;
+};
+
+// Lets the windows handle what is posted to them, as the message loop would.
+void Pump();
+std::string Text(HWND window);
+// Row i of a list view, read through the view itself.
+std::string ListRow(HWND list, int index);
+int ListCount(HWND list);
+// A user's choice of a row of a combo box: the selection and its notification.
+void PickRow(HWND combo, int index);
+// The user types text into an edit field (or a combo box's).
+void Type(HWND window, const std::string& text);
+// A file of the source tree, as a Windows path.
+std::string SourceFile(const std::string& relative);
+// A path of the build machine, as a Windows path.
+std::string BuildFile(const std::string& hostPath);
+
+} // namespace tos::test
