@@ -14,6 +14,14 @@ namespace tos {
 
 namespace {
 
+// Joins text pieces by appending; g++ 12 warns falsely about "literal" + std::string.
+template <class... Parts> std::string Cat(const Parts&... parts)
+{
+    std::string out;
+    (out += ... += parts);
+    return out;
+}
+
 // Characters of the bytes 0x80-0x9F of Windows-1252; the rest equals Latin-1.
 constexpr std::array<char16_t, 32> kHighControls = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -73,8 +81,9 @@ std::string Fmt(double v)
 // A circle as path data, so that a marker and its heading make one element.
 std::string Ring(double u, double v, double r)
 {
-    return "M" + Fmt(u - r) + " " + Fmt(v) + "a" + Fmt(r) + " " + Fmt(r) + " 0 1 0 " + Fmt(2 * r) +
-           " 0a" + Fmt(r) + " " + Fmt(r) + " 0 1 0 " + Fmt(-2 * r) + " 0";
+    const std::string rr = Fmt(r);
+    return Cat("M", Fmt(u - r), " ", Fmt(v), "a", rr, " ", rr, " 0 1 0 ", Fmt(2 * r), " 0a", rr,
+               " ", rr, " 0 1 0 ", Fmt(-2 * r), " 0");
 }
 
 // The heading as a line from the point, in picture axes (3ds Max's y points up).
@@ -83,8 +92,8 @@ std::string Heading(double u, double v, double lookX, double lookY, double lengt
     const double norm = std::hypot(lookX, lookY);
     if (!(norm > 0))
         return "";
-    return "M" + Fmt(u) + " " + Fmt(v) + "l" + Fmt(lookX / norm * length) + " " +
-           Fmt(-lookY / norm * length);
+    return Cat("M", Fmt(u), " ", Fmt(v), "l", Fmt(lookX / norm * length), " ",
+               Fmt(-lookY / norm * length));
 }
 
 class Writer {
@@ -169,7 +178,7 @@ private:
             std::string grid;
             for (int i = 1; i < map_.tiles; ++i) {
                 const std::string at = Fmt(side * i / map_.tiles);
-                grid += "M" + at + " 0V" + Fmt(side) + "M0 " + at + "H" + Fmt(side);
+                grid += Cat("M", at, " 0V", Fmt(side), "M0 ", at, "H", Fmt(side));
             }
             if (!grid.empty())
                 out_ << "<path class=\"grid\" d=\"" << grid << "\"/>\n";
