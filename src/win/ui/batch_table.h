@@ -12,9 +12,9 @@ namespace tos::win::ui {
 // table's left edge; the headings above the table stand at the same places.
 struct BatchColumns {
     static constexpr int kProcess = 4;
-    static constexpr int kMaxFile = 158;
-    static constexpr int kBrowse = 402;
-    static constexpr int kObjectName = 466;
+    static constexpr int kMaxFile = 218;
+    static constexpr int kBrowse = 418;
+    static constexpr int kObjectName = 482;
     static constexpr int kNameFrom = 622;
     static constexpr int kUseMax = 704;
     static constexpr int kScale = 784;
