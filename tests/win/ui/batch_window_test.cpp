@@ -132,6 +132,11 @@ TEST(BatchWindowTest, TheTableScrollsToTheControlTheKeyboardReachesAndGrowsWithT
                               EXPECT_TRUE(inSight(w.Batch("txtMaxFile_" + last)));
                               SendMessageA(view, WM_VSCROLL, SB_TOP, 0);
                               EXPECT_TRUE(inSight(w.Batch("txtMaxFile_0")));
+                              // The wheel over a box scrolls the table.
+                              SendMessageA(w.Batch("txtMaxFile_0"), WM_MOUSEWHEEL,
+                                           MAKEWPARAM(0, -WHEEL_DELTA), 0);
+                              EXPECT_GT(w.batchWindow.Table().Top(), 0);
+                              SendMessageA(view, WM_VSCROLL, SB_TOP, 0);
                               GetWindowRect(w.Batch("txtMaxFile_0"), &before);
                               RECT outer;
                               GetWindowRect(dialog, &outer);
