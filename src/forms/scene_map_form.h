@@ -12,6 +12,9 @@ struct SceneMapForm {
     std::string caption = "Scene Map";
     bool visible = false;
     ViewNotifier formView; // visibility, and a request to come to the front
+    // A front end without a window of its own for the map clears this; the
+    // button then writes the picture beside the project and opens it.
+    bool drawnInWindow = true;
 };
 
 } // namespace tos

@@ -1,13 +1,62 @@
 #include "map/scene_map_events.h"
 
+#include <sstream>
+#include <string_view>
+#include <vector>
+
 #include "forms/app.h"
+#include "map/scene_map.h"
+#include "map/svg_writer.h"
+#include "support/failure.h"
+#include "support/files.h"
 
 namespace tos {
 
 void btnSceneMap_Click(App& app)
 {
+    if (!app.sceneMap.drawnInWindow) {
+        OpenSceneMapFile(app);
+        return;
+    }
     app.sceneMap.visible = true;
     app.sceneMap.formView.Notify();
+}
+
+std::string SceneMapFile(const App& app)
+{
+    return app.state.ScriptBasePath + "_Map.svg";
+}
+
+void WriteSceneMapFile(App& app, const std::string& path)
+{
+    std::ostringstream svg;
+    WriteSvg(SceneMapper(app).Build(), svg);
+    // The file gets the line ends of the scripts beside it.
+    const std::string text = svg.str();
+    std::vector<std::string> lines;
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const std::size_t end = rest.find('\n');
+        lines.emplace_back(rest.substr(0, end));
+        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    }
+    WriteLinesCrLf(path, lines);
+}
+
+void OpenSceneMapFile(App& app)
+{
+    if (app.state.ScriptBasePath.empty()) {
+        app.Message("Scene Map needs a loaded project.");
+        return;
+    }
+    const std::string file = SceneMapFile(app);
+    if (auto failure = Trap([&] { WriteSceneMapFile(app, file); })) {
+        app.Message(TrapMessageLines("btnSceneMap", *failure));
+        return;
+    }
+    if (!app.platform.OpenDocument(file))
+        app.Message("The scene map was written to " + file +
+                    ", but no program could open it. Open it with a web browser.");
 }
 
 void ConnectSceneMapEvents(App& app)

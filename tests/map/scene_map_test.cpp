@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "map/map_fixture.h"
 #include "map/scene_map.h"
+#include "map/scene_map_events.h"
+#include "map/svg_writer.h"
+#include "support/files.h"
 
 namespace tos::test {
 namespace {
@@ -178,6 +182,79 @@ TEST(SceneMap, OnlyLooks)
     EXPECT_EQ(app.main.lstSCNdata2.Rows(), rows);
     EXPECT_EQ(app.state.LookX, 7);
     EXPECT_TRUE(app.main.List2.Rows().empty());
+}
+
+// Without a map window the button writes the picture beside the project and
+// opens it; each way that can fail is one box.
+TEST(SceneMap, ButtonWithoutAWindowOpensThePictureFile)
+{
+    struct Row {
+        const char* what;
+        bool load;
+        bool readOnly;
+        bool handler;
+        bool asked;          // the desktop was asked to open the file
+        const char* message; // start of the one box, "" for none
+    };
+    const Row rows[] = {
+        {.what = "opened",
+         .load = true,
+         .readOnly = false,
+         .handler = true,
+         .asked = true,
+         .message = ""},
+        {.what = "no project",
+         .load = false,
+         .readOnly = false,
+         .handler = true,
+         .asked = false,
+         .message = "Scene Map needs a loaded project."},
+        {.what = "read-only",
+         .load = true,
+         .readOnly = true,
+         .handler = true,
+         .asked = false,
+         .message = "Unexpected error in btnSceneMap \n\n 75 - "},
+        {.what = "no handler",
+         .load = true,
+         .readOnly = false,
+         .handler = false,
+         .asked = true,
+         .message = "The scene map was written to "},
+    };
+    for (const Row& r : rows) {
+        LoadFixture f;
+        App& app = *f.app;
+        app.sceneMap.drawnInWindow = false;
+        if (r.load)
+            f.Load(MapScene());
+        app.main.comboSelectObject.SetText("Tree");
+        f.platform.ClearMessages();
+        f.platform.openSucceeds = r.handler;
+        const std::string file = f.dir.File("Scene_Map.svg");
+        if (r.readOnly)
+            std::filesystem::permissions(f.dir.Write("Scene_Map.svg", "old"),
+                                         std::filesystem::perms::owner_read);
+        app.main.btnSceneMap.Click.Fire();
+
+        EXPECT_FALSE(app.sceneMap.visible) << r.what;
+        EXPECT_EQ(f.platform.openedDocuments,
+                  r.asked ? std::vector<std::string>{file} : std::vector<std::string>{})
+            << r.what;
+        const auto texts = f.Messages();
+        if (*r.message != '\0') {
+            ASSERT_EQ(texts.size(), 1u) << r.what;
+            EXPECT_EQ(texts[0].rfind(r.message, 0), 0u) << r.what << ": " << texts[0];
+            continue;
+        }
+        EXPECT_TRUE(texts.empty()) << r.what << testing::PrintToString(texts);
+        std::ostringstream svg;
+        WriteSvg(SceneMapper(app).Build(), svg);
+        std::string crlf;
+        for (char c : svg.str())
+            crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
+        EXPECT_EQ(ReadWholeFile(file), crlf) << r.what;
+    }
 }
 
 } // namespace

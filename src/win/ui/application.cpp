@@ -2,9 +2,12 @@
 
 #include <commctrl.h>
 
+#include "batch/batch_events.h"
+#include "batch/batch_form.h"
 #include "forms/app.h"
 #include "shell/startup.h"
 #include "win/platform/win_platform.h"
+#include "win/ui/batch_window.h"
 #include "win/ui/compiler_window.h"
 #include "win/ui/main_window.h"
 
@@ -35,8 +38,17 @@ int RunApplication()
 
     MainWindow main(app);
     CompilerWindow compiler(app, main.Handle());
+    BatchForm batch;
+    BatchWindow batchWindow(batch, main.Handle());
+    ConnectBatchEvents(app, batch);
+    // No window draws the scene map here: the button opens it as a picture.
+    app.sceneMap.drawnInWindow = false;
     platform.windowOf = [&](FormId form) {
-        return form == FormId::Main ? main.Handle() : compiler.Handle();
+        if (form == FormId::Compiler)
+            return compiler.Handle();
+        // The batch window stands in for the main form while it is shown, so its
+        // dialogs and boxes leave the main form disabled beneath it.
+        return IsWindowVisible(batchWindow.Handle()) ? batchWindow.Handle() : main.Handle();
     };
 
     Main(app);

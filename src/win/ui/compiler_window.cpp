@@ -40,7 +40,7 @@ CompilerWindow::CompilerWindow(App& app, HWND owner)
     FinishLayout();
 
     FollowForm(app.compiler.formView, [this] { SyncForm(); });
-    app.compiler.showModal = [this] { RunModal(); };
+    app.compiler.showModal = [this] { RunModal([this] { return app_.compiler.visible; }); };
     SyncForm();
 }
 
@@ -49,46 +49,12 @@ CompilerWindow::~CompilerWindow()
     app_.compiler.showModal = nullptr;
 }
 
-void CompilerWindow::RunModal()
-{
-    if (modal_)
-        return;
-    modal_ = true;
-    HWND owner = GetWindow(Handle(), GW_OWNER);
-    if (owner)
-        EnableWindow(owner, FALSE);
-    ShowWindow(Handle(), SW_SHOW);
-    FocusFirst();
-    MSG message;
-    while (app_.compiler.visible) {
-        const BOOL got = GetMessageA(&message, nullptr, 0, 0);
-        if (got <= 0) {
-            // The program ends: the main loop must see the quit as well.
-            if (got == 0)
-                PostQuitMessage(static_cast<int>(message.wParam));
-            break;
-        }
-        if (!IsDialogMessageA(Handle(), &message)) {
-            TranslateMessage(&message);
-            DispatchMessageA(&message);
-        }
-    }
-    // The owner comes back first, so that activation returns to it and not to
-    // another program's window.
-    if (owner)
-        EnableWindow(owner, TRUE);
-    ShowWindow(Handle(), SW_HIDE);
-    if (owner)
-        SetActiveWindow(owner);
-    modal_ = false;
-}
-
 void CompilerWindow::SyncForm()
 {
     const CompilerForm& f = app_.compiler;
     SyncPlacement(f.left, f.top);
     // While modal, the loop hides the window once it ends.
-    if (!f.visible && !modal_ && IsWindowVisible(Handle()))
+    if (!f.visible && !InModalLoop() && IsWindowVisible(Handle()))
         ShowWindow(Handle(), SW_HIDE);
 }
 

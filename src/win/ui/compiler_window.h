@@ -24,11 +24,9 @@ protected:
     int Pointer() const override;
 
 private:
-    void RunModal();
     void SyncForm();
 
     App& app_;
-    bool modal_ = false;
 };
 
 } // namespace tos::win::ui

@@ -61,6 +61,9 @@ FormWindow::~FormWindow()
             SetFocus(nullptr);
         DestroyWindow(hwnd_);
     }
+    // The tips belong to the top-level window; a child form's go with it.
+    if (IsWindow(tips_))
+        DestroyWindow(tips_);
 }
 
 HWND FormWindow::Find(std::string_view name) const
@@ -127,6 +130,11 @@ void FormWindow::FollowForm(ViewNotifier& notifier, std::function<void()> paint)
     });
 }
 
+void FormWindow::Place(HWND window, TwipRect place, unsigned anchor)
+{
+    layout_.Add(window, place, anchor);
+}
+
 void FormWindow::FinishLayout()
 {
     const SIZE client = layout_.DesignedClient();
@@ -164,6 +172,45 @@ void FormWindow::FocusFirst()
     HWND first = GetNextDlgTabItem(hwnd_, nullptr, FALSE);
     if (first)
         SetFocus(first);
+}
+
+void FormWindow::RunModal(const std::function<bool()>& shown)
+{
+    if (modal_)
+        return;
+    modal_ = true;
+    HWND owner = GetWindow(hwnd_, GW_OWNER);
+    if (owner)
+        EnableWindow(owner, FALSE);
+    ShowWindow(hwnd_, SW_SHOW);
+    FocusFirst();
+    HWND focus = GetFocus();
+    MSG message;
+    while (shown()) {
+        const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            // The program ends: the main loop must see the quit as well.
+            if (got == 0)
+                PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
+        if (!IsDialogMessageA(hwnd_, &message)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+        if (GetFocus() != focus) {
+            focus = GetFocus();
+            FocusMoved(focus);
+        }
+    }
+    // The owner comes back first, so that activation returns to it and not to
+    // another program's window.
+    if (owner)
+        EnableWindow(owner, TRUE);
+    ShowWindow(hwnd_, SW_HIDE);
+    if (owner)
+        SetActiveWindow(owner);
+    modal_ = false;
 }
 
 ControlMirror* FormWindow::MirrorOf(HWND window) const

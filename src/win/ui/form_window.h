@@ -70,20 +70,30 @@ protected:
     void FollowForm(ViewNotifier& notifier, std::function<void()> paint);
     // The model's mouse pointer of this form.
     virtual int Pointer() const = 0;
+    // A window of the form that mirrors no control, placed as designed.
+    void Place(HWND window, TwipRect place, unsigned anchor);
     // Places the controls once all are added, at the designed size.
     void FinishLayout();
     // Mirrors a form's position (in twips) and pointer. Only a new position of the
     // form moves the window, so a window the user has dragged stays where it is
     // when the pointer changes for a load or a build.
     void SyncPlacement(int leftTwips, int topTwips);
+    // Shows the model's mouse pointer at once where the mouse stands over the form.
+    void ShowPointer();
     // Gives the keyboard focus to the first control that takes it.
     void FocusFirst();
+    // Shows the window over its disabled owner and runs the messages until shown
+    // turns false or the program ends; then hides the window and gives the owner
+    // back the activation.
+    void RunModal(const std::function<bool()>& shown);
+    bool InModalLoop() const { return modal_; }
+    // The keyboard focus went to another window during the modal loop.
+    virtual void FocusMoved(HWND /*focus*/) {}
 
 private:
     static LRESULT CALLBACK Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
     ControlMirror* MirrorOf(HWND window) const;
-    void ShowPointer();
 
     static constexpr int kFirstControlId = 100;
     static constexpr UINT kSyncMessage = WM_APP + 1;
@@ -104,6 +114,7 @@ private:
     std::optional<std::pair<int, int>> placed_;
     int shownPointer_ = 0;
     HWND savedFocus_ = nullptr;
+    bool modal_ = false;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 

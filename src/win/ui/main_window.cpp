@@ -71,6 +71,7 @@ void MainWindow::BuildProjectFrame()
     Add<ComboBoxMirror>(f.comboSelectObject, o.At(110, 112, 284, kDroppedList), kFixed);
     Add<LabelMirror>(f.lblVerticalScale, o.At(10, 142, 160, kLine), kFixed);
     Add<TextBoxMirror>(f.txtVerticalScale, o.At(172, 139, 64, kBox), kFixed);
+    Add<ButtonMirror>(f.btnSceneMap, o.At(248, 139, 146, 24), kFixed);
     Add<LabelMirror>(f.lblVerticalOffest, o.At(10, 165, 160, kLine), kFixed);
     Add<TextBoxMirror>(f.txtVerticalOffset, o.At(172, 162, 64, kBox), kFixed);
 }
@@ -98,10 +99,11 @@ void MainWindow::BuildRightColumn()
         return place;
     };
     Add<ButtonMirror>(f.btnProcess, next(30, 4), kFixed);
-    Add<CheckBoxMirror>(f.chkSave, next(kBox, 8), kFixed);
-    Add<ButtonMirror>(f.btnRunScriptCompiler, next(28, 6), kFixed);
-    Add<ButtonMirror>(f.btnViewHelp, next(28, 6), kFixed);
-    Add<ButtonMirror>(f.btnExit, next(28, 18), kFixed);
+    Add<CheckBoxMirror>(f.chkSave, next(kBox, 4), kFixed);
+    Add<ButtonMirror>(f.btnProcessAll, next(24, 4), kFixed);
+    Add<ButtonMirror>(f.btnRunScriptCompiler, next(24, 4), kFixed);
+    Add<ButtonMirror>(f.btnViewHelp, next(24, 4), kFixed);
+    Add<ButtonMirror>(f.btnExit, next(24, 10), kFixed);
     Add<CheckBoxMirror>(f.chkUseObjectScale, next(kBox, 2), kFixed);
     Add<TextBoxMirror>(f.txtObjectScale, next(kBox, 10), kFixed);
     Add<LabelMirror>(f.lblCalcGridSize, next(kLine, 6), kFixed);

@@ -43,6 +43,8 @@ LRESULT CALLBACK FocusRelay::Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM
     auto* self = reinterpret_cast<FocusRelay*>(data);
     if (message == WM_NCDESTROY)
         RemoveWindowSubclass(hwnd, &FocusRelay::Proc, 1);
+    if (message == WM_MOUSEWHEEL && self->passWheel && GetParent(hwnd))
+        return SendMessageA(GetParent(hwnd), message, wParam, lParam);
     const LRESULT result = DefSubclassProc(hwnd, message, wParam, lParam);
     switch (message) {
     case WM_SETFOCUS: {
@@ -85,6 +87,7 @@ void TextBoxMirror::Make()
 
 void TextBoxMirror::Created()
 {
+    relay_.passWheel = true;
     relay_.Watch(hwnd_);
 }
 

@@ -18,6 +18,9 @@ public:
     // The window the focus came from when it entered a combo box, which hands it
     // on to its edit field at once.
     HWND cameFrom = nullptr;
+    // A box of its own, not a combo box's field, hands the wheel to the window
+    // that holds it, which may scroll: a one-line box has nothing to scroll.
+    bool passWheel = false;
 
 private:
     static LRESULT CALLBACK Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <regex>
 
 #include "common/scratch.h"
 #include "win/ui/fonts.h"
@@ -64,6 +65,45 @@ std::string Tip(HWND form, HWND control)
     return text;
 }
 
+// What keeps an XML document from being well formed, as far as a picture of
+// this program can go wrong: "" when every element closes in order under one
+// root and every reference is complete.
+std::string XmlProblem(const std::string& xml)
+{
+    std::vector<std::string> open;
+    int roots = 0;
+    for (std::size_t at = xml.find('<'); at != std::string::npos; at = xml.find('<', at)) {
+        if (xml.compare(at, 9, "<![CDATA[") == 0) {
+            at = xml.find("]]>", at);
+            if (at == std::string::npos)
+                return "open CDATA";
+            continue;
+        }
+        const std::size_t end = xml.find('>', at);
+        if (end == std::string::npos)
+            return "open tag at " + std::to_string(at);
+        const std::string tag = xml.substr(at + 1, end - at - 1);
+        at = end + 1;
+        if (tag.starts_with('?'))
+            continue;
+        if (tag.starts_with('/')) {
+            if (open.empty() || open.back() != tag.substr(1))
+                return "<" + tag + "> closes " + (open.empty() ? "nothing" : open.back());
+            open.pop_back();
+            continue;
+        }
+        roots += open.empty() ? 1 : 0;
+        if (!tag.ends_with('/'))
+            open.push_back(tag.substr(0, tag.find_first_of(" \t\r\n")));
+    }
+    static const std::regex badReference("&(?!(#[0-9]+|#x[0-9A-Fa-f]+|[A-Za-z]+);)");
+    if (std::regex_search(xml, badReference))
+        return "bare &";
+    return !open.empty() ? "<" + open.back() + "> never closes"
+           : roots != 1  ? std::to_string(roots) + " roots"
+                         : "";
+}
+
 TEST(MainWindowTest, FirstStateColoursFontsAndClicks)
 {
     Windows w;
@@ -88,6 +128,8 @@ TEST(MainWindowTest, FirstStateColoursFontsAndClicks)
         {.name = "btnProcess", .shows = "&Process", .enabled = false},
         {.name = "chkMainTile", .shows = "Main Tile (re-load required)", .enabled = true},
         {.name = "lblVersion", .shows = "Beta 1", .enabled = true},
+        {.name = "btnProcessAll", .shows = "Process &All...", .enabled = true},
+        {.name = "btnSceneMap", .shows = "Scene &Map...", .enabled = true},
     };
     for (const Row& r : rows)
         EXPECT_TRUE(Text(w.Main(r.name)) == r.shows &&
@@ -322,6 +364,37 @@ TEST(MainWindowTest, TheScriptListTakesTheRoomAndShowsLongScriptsAtOnce)
     HWND list = w.Main("List2");
     EXPECT_EQ(ListCount(list), kRows);
     EXPECT_EQ(ListRow(list, kRows - 1), "row 29999");
+}
+
+TEST(MainWindowTest, SceneMapWritesThePictureBesideTheProjectAndOpensIt)
+{
+    EXPECT_EQ(XmlProblem("<a><b/></a>"), "");
+    EXPECT_NE(XmlProblem("<a><b></a>"), "");
+    EXPECT_NE(XmlProblem("<a>R&D</a>"), "");
+
+    ScratchDir scratch;
+    for (const char* name : {"Valley.prj", "Valley.scn"})
+        scratch.Write(name, ReadBytes(SourceFile(std::string("examples/Valley/") + name)));
+    Windows w;
+    w.platform.dialogAnswers = {scratch.File("Valley.prj")};
+    SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
+    Pump();
+    const auto& objects = w.app.main.comboSelectObject.Items().Rows();
+    const auto tree = std::find(objects.begin(), objects.end(), "Tree");
+    ASSERT_NE(tree, objects.end());
+    PickRow(w.Main("comboSelectObject"), static_cast<int>(tree - objects.begin()));
+    w.platform.ClearMessages();
+
+    SendMessageA(w.Main("btnSceneMap"), BM_CLICK, 0, 0);
+    Pump();
+    const std::string file = scratch.File("Valley_Map.svg");
+    EXPECT_EQ(w.platform.Texts(), std::vector<std::string>{});
+    EXPECT_EQ(w.platform.openedDocuments, std::vector<std::string>{file});
+    const std::string svg = ReadBytes(file);
+    EXPECT_EQ(XmlProblem(svg), "");
+    EXPECT_TRUE(svg.starts_with("<?xml") && svg.ends_with("</svg>\r\n"));
+    // The picture shows where the selection's first object stands.
+    EXPECT_NE(svg.find("<path class=\"placement first\" data-model="), std::string::npos);
 }
 
 } // namespace

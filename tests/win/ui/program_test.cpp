@@ -129,6 +129,22 @@ TEST(ProgramTest, LoadsTheExampleProjectAndWritesTheScriptOfAnObject)
     EXPECT_EQ(script.rfind("-- Tolvarine Object Scripter", 0), 0u) << script.substr(0, 200);
     EXPECT_NE(script.find("copy $Tree"), std::string::npos);
 
+    // Process All stands modal over the main window, and its boxes over itself, so
+    // closing a box leaves the main window disabled beneath it.
+    PostMessageA(Control(form, "btnProcessAll"), BM_CLICK, 0, 0);
+    HWND batch = WaitFor([&] { return WindowOf(process.dwProcessId, "Process All"); });
+    ASSERT_NE(batch, nullptr);
+    EXPECT_FALSE(IsWindowEnabled(form));
+    Send(Control(batch, "chkProcess_0"), BM_CLICK, 0, 0);
+    PostMessageA(batch, WM_CLOSE, 0, 0);
+    HWND box = WaitFor([&] { return WindowOf(process.dwProcessId, "TolvarineObjectScripter"); });
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(GetWindow(box, GW_OWNER), batch);
+    PostMessageA(box, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+    EXPECT_NE(
+        WaitFor([&] { return IsWindowEnabled(form) && !IsWindowVisible(batch) ? form : nullptr; }),
+        nullptr);
+
     // The close box ends the program.
     PostMessageA(form, WM_CLOSE, 0, 0);
     EXPECT_EQ(WaitForSingleObject(process.hProcess, 10000), WAIT_OBJECT_0);

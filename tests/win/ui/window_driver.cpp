@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "batch/batch_events.h"
 #include "shell/startup.h"
 
 namespace tos::test {
@@ -16,6 +17,8 @@ Windows::Windows()
     }();
     (void)controls;
     app.endProcess = [this] { ended = true; };
+    ConnectBatchEvents(app, batch);
+    app.sceneMap.drawnInWindow = false;
     tos::Main(app);
     Pump();
 }

@@ -2,25 +2,30 @@
 
 #include <string>
 
+#include "batch/batch_form.h"
 #include "common/fake_platform.h"
 #include "forms/app.h"
+#include "win/ui/batch_window.h"
 #include "win/ui/compiler_window.h"
 #include "win/ui/main_window.h"
 
 namespace tos::test {
 
-// Both windows over one run of the program, started as the desktop program
-// starts, with the recording platform answering dialogs and boxes.
+// The windows over one run of the program, started and connected as the
+// desktop program does, with the recording platform answering dialogs and boxes.
 struct Windows {
     Windows();
 
     HWND Main(const char* name) const { return main.Find(name); }
     HWND Compiler(const char* name) const { return compiler.Find(name); }
+    HWND Batch(const std::string& name) const { return batchWindow.FindControl(name); }
 
     FakePlatform platform;
     App app{platform};
     win::ui::MainWindow main{app};
     win::ui::CompilerWindow compiler{app, main.Handle()};
+    BatchForm batch;
+    win::ui::BatchWindow batchWindow{batch, main.Handle()};
     bool ended = false;
 };
 
