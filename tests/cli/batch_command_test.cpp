@@ -5,6 +5,7 @@
 
 #include "cli/commands.h"
 #include "common/scratch.h"
+#include "support/system.h"
 
 namespace tos::test {
 namespace {
@@ -90,7 +91,7 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
         EXPECT_EQ(run.status, 0) << run.err;
         EXPECT_EQ(Files(batched), Files(byHand));
         EXPECT_EQ(Files(batched).size(), 4u);
-        const std::string folder = batched.Path().string() + "/Valley" + mode;
+        const std::string folder = batched.Path().string() + kPathSeparator + "Valley" + mode;
         std::istringstream lines(run.out);
         std::vector<std::string> printed;
         for (std::string line; std::getline(lines, line);)
@@ -146,7 +147,7 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         ScratchDir dir;
-        const std::string at = dir.Path().string() + "/";
+        const std::string at = dir.Path().string() + kPathSeparator;
         auto place = [&](std::string text) {
             for (std::size_t p; (p = text.find('@')) != std::string::npos;)
                 text.replace(p, 1, at);
