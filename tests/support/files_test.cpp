@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 #include "common/scratch.h"
@@ -18,6 +19,11 @@ TEST(Files, FailureNumbersAUserMeets)
     const std::string locked = dir.Write("locked.ms", "locked\r\n");
     std::filesystem::permissions(locked, std::filesystem::perms(0444));
     std::filesystem::create_directory(dir.File("folder"));
+    const std::string pipe = dir.File("pipe.scn");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0644), 0);
+    std::filesystem::create_directory(dir.File("closed"));
+    std::filesystem::permissions(dir.File("closed"), std::filesystem::perms(0555));
+    const std::string nul = dir.File(std::string("a\0b.ms", 6));
     // clang-format off
     const struct { const char* what; std::function<void()> body; int failure; } cases[] = {
         {"read missing file",       [&] { ReadWholeFile(dir.File("none.scn")); },           53},
@@ -28,11 +34,24 @@ TEST(Files, FailureNumbersAUserMeets)
         {"write a read-only file",  [&] { WriteLinesCrLf(locked, {"a"}); },                 75},
         {"write over a folder",     [&] { WriteLinesCrLf(dir.File("folder"), {"a"}); },     75},
         {"write to a full disk",    [&] { WriteLinesCrLf("/dev/full", {"a"}); },            61},
+        // Neither a pipe nor an endless device may hold the program up.
+        {"read a pipe",             [&] { ReadWholeFile(pipe); },                           75},
+        {"read an endless device",  [&] { ReadWholeFile("/dev/zero"); },                    75},
+        {"write a pipe",            [&] { WriteLinesCrLf(pipe, {"a"}); },                   75},
+        // As for a read-only file, the super-user keeps out of a folder without write bits.
+        {"write in a closed folder",[&] { WriteLinesCrLf(dir.File("closed/a.ms"), {"a"}); },75},
+        // The system would take the name up to the NUL for the whole name.
+        {"read a name with NUL",    [&] { ReadWholeFile(nul); },                            52},
+        {"write a name with NUL",   [&] { WriteLinesCrLf(nul, {"a"}); },                    52},
+        {"facts of name with NUL",  [&] { GetFileFacts(nul); },                             52},
     };
     // clang-format on
     for (const auto& c : cases)
         EXPECT_EQ(Trap(c.body).value_or(Failure(0)).Number(), c.failure) << c.what;
     EXPECT_EQ(test::ReadBytes(locked), "locked\r\n");
+    EXPECT_FALSE(std::filesystem::exists(dir.File("a")));
+    EXPECT_FALSE(FileExists(nul));
+    EXPECT_FALSE(std::filesystem::exists(dir.File("closed/a.ms")));
 }
 
 TEST(Files, WritesRowsWithCrLfAndStampsEachChange)
