@@ -3,9 +3,9 @@
 #include <array>
 #include <string>
 
+#include "forms/app.h"
 #include "script/builder.h"
 #include "script/stock_builders.h"
-#include "forms/app.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 
@@ -68,6 +68,8 @@ void btnProcess_Click(App& app)
             break;
         }
     }
+    // The scene may have changed since the load, and the builder reads it again.
+    app.profiles.ForgetLastLook();
     build(app);
     app.SetMousePointer(FormId::Main, kPointerDefault);
 }
