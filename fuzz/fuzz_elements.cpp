@@ -37,7 +37,7 @@ void CheckElements(test::FakePlatform& platform, std::string_view text, std::str
             break;
         at = f + delim.size();
     }
-    const int limit = static_cast<int>(std::min<std::size_t>(pieces.size(), 40));
+    const int limit = static_cast<int>(std::min<std::size_t>(pieces.size(), 12));
     for (int i = -1; i <= limit; ++i) {
         const std::string e = GetElement(platform, text, delim, Int16::From(i));
         const bool inside = i >= 0 && static_cast<std::size_t>(i) < pieces.size();

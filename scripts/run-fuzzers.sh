@@ -53,7 +53,7 @@ for script in $scripts; do
 done
 
 declare -A max_len=(
-  [fuzz_conversions]=256 [fuzz_elements]=4096 [fuzz_profile]=16384
+  [fuzz_conversions]=256 [fuzz_elements]=1024 [fuzz_profile]=16384
   [fuzz_load]=16384 [fuzz_combiner]=16384
 )
 status=0
