@@ -3,10 +3,10 @@
 #include <array>
 #include <string>
 
-#include "script/builder.h"
-#include "script/stock_builders.h"
 #include "forms/app.h"
 #include "forms/record_walk.h"
+#include "script/builder.h"
+#include "script/stock_builders.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 
@@ -54,6 +54,8 @@ void btnProcess_Click(App& app)
 
     app.SetMousePointer(FormId::Main, kPointerHourglass);
     const int option = StockOptionOf(app.platform, selection);
+    // The scene may have changed since the load, and the builder reads it again.
+    app.profiles.ForgetLastLook();
     if (option == 0)
         BuildScript(app);
     else

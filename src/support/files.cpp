@@ -1,8 +1,15 @@
 #include "support/files.h"
 
+#include "support/failure.h"
 #include "support/system.h"
 
 namespace tos {
+
+void RefuseNulInName(const std::string& path)
+{
+    if (path.find('\0') != std::string::npos)
+        Fail(err::BadFileName);
+}
 
 std::string FolderOfPath(const std::string& path)
 {

@@ -11,6 +11,10 @@ namespace tos {
 
 bool FileExists(const std::string& path);
 
+// Failure 52 for a name with a NUL byte: the system would take the shorter name in
+// front of it, and read or write another file than the one named.
+void RefuseNulInName(const std::string& path);
+
 struct FileFacts {
     std::int64_t length = 0; // in bytes
     // Time of last change at the finest resolution the file system gives, with the

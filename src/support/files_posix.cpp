@@ -91,6 +91,7 @@ bool WriteAll(int fd, std::string_view bytes)
 // A folder or a missing path is no file to measure: 53.
 struct stat StatOfFile(const std::string& path)
 {
+    RefuseNulInName(path);
     struct stat st {};
     if (::stat(path.c_str(), &st) != 0) {
         const int e = errno;
@@ -115,7 +116,8 @@ std::string StampText(const struct stat& st)
 bool FileExists(const std::string& path)
 {
     struct stat st {};
-    return ::stat(path.c_str(), &st) == 0 && !S_ISDIR(st.st_mode);
+    return path.find('\0') == std::string::npos && ::stat(path.c_str(), &st) == 0 &&
+           !S_ISDIR(st.st_mode);
 }
 
 FileFacts GetFileFacts(const std::string& path)
@@ -126,13 +128,16 @@ FileFacts GetFileFacts(const std::string& path)
 
 std::string ReadWholeFile(const std::string& path)
 {
-    FileHandle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    RefuseNulInName(path);
+    // Without O_NONBLOCK a pipe would wait for a writer for ever.
+    FileHandle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.get() < 0)
         Fail(FileFailureNumber(errno, FileAccess::Read, path));
     struct stat st {};
     if (::fstat(file.get(), &st) != 0)
         Fail(FileFailureNumber(errno, FileAccess::Read));
-    if (S_ISDIR(st.st_mode))
+    // A folder, a pipe or a device (one that never ends, like /dev/zero) is no text file.
+    if (!S_ISREG(st.st_mode))
         Fail(err::PathFileAccess);
     std::string bytes;
     // One byte spare, so the read that meets the end needs no larger buffer.
@@ -157,13 +162,24 @@ std::string ReadWholeFile(const std::string& path)
 
 void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& rows)
 {
+    RefuseNulInName(path);
     // Everyone may write as the super-user, so a file without any write permission bit
-    // counts as read-only and is left as it is.
+    // counts as read-only and is left as it is; so does a folder for a new file in it.
     struct stat st {};
-    if (::stat(path.c_str(), &st) == 0 && (S_ISDIR(st.st_mode) || (st.st_mode & 0222) == 0))
-        Fail(err::PathFileAccess);
+    if (::stat(path.c_str(), &st) == 0) {
+        if (S_ISDIR(st.st_mode) || (st.st_mode & 0222) == 0)
+            Fail(err::PathFileAccess);
+    } else if (errno == ENOENT) {
+        const std::string folder = FolderOfPath(path);
+        struct stat fs {};
+        if (!folder.empty() && ::stat(folder.c_str(), &fs) == 0 && S_ISDIR(fs.st_mode) &&
+            (fs.st_mode & 0222) == 0)
+            Fail(err::PathFileAccess);
+    }
 
-    FileHandle file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+    // Without O_NONBLOCK a pipe would wait for a reader for ever; files are not affected.
+    FileHandle file(
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666));
     if (file.get() < 0)
         Fail(FileFailureNumber(errno, FileAccess::Write));
 

@@ -89,12 +89,15 @@ bool WriteAll(HANDLE h, std::string_view bytes)
 
 bool FileExists(const std::string& path)
 {
+    if (path.find('\0') != std::string::npos)
+        return false;
     const DWORD attributes = GetFileAttributesA(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
 FileFacts GetFileFacts(const std::string& path)
 {
+    RefuseNulInName(path);
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) {
         const DWORD e = GetLastError();
@@ -115,10 +118,14 @@ FileFacts GetFileFacts(const std::string& path)
 
 std::string ReadWholeFile(const std::string& path)
 {
+    RefuseNulInName(path);
     FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                 nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (file.get() == INVALID_HANDLE_VALUE)
         FailWithLastError(FileAccess::Read);
+    // A pipe or a device (CON, NUL) is no text file and may never end.
+    if (GetFileType(file.get()) != FILE_TYPE_DISK)
+        Fail(err::PathFileAccess);
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(file.get(), &size))
         FailWithLastError(FileAccess::Read);
@@ -143,6 +150,7 @@ std::string ReadWholeFile(const std::string& path)
 
 void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& rows)
 {
+    RefuseNulInName(path);
     // A read-only file and a folder are left as they are.
     const DWORD attributes = GetFileAttributesA(path.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES &&

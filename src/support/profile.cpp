@@ -89,6 +89,11 @@ void ProfileFiles::FlushProfileFile(const std::string& file)
     // and a project load would otherwise read and index a big scene twice.
 }
 
+void ProfileFiles::ForgetLastLook()
+{
+    impl_->look.valid = false;
+}
+
 std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const std::string& file,
                                                                         const std::string& prefix)
 {

@@ -34,6 +34,10 @@ public:
     // stamp and stays while that is unchanged.
     void FlushProfileFile(const std::string& file);
 
+    // Forgets the length and time of last change taken last, so the next read looks at the
+    // disk. For the start of a user's action: the file may have changed since the one before.
+    void ForgetLastLook();
+
     // The numbers n >= 1, ascending and distinct, for which GetINIString would find a
     // section named prefix + IntegerToText(n) in the file as it reads it now (its own
     // rules of section matching: case-blind, blanks at the ends dropped, "Model007" is

@@ -24,6 +24,7 @@ TEST(GetElement, WalksToTheIndexWithSixteenBitPositions)
         {"a||c",  "|", 1, "",  kNone}, {"a|b|",  "|", 2, "",  kNone}, {"a|b|",  "|", 3, "", kNone},
         {"",      "|", 0, "",  kNone}, {"",      "|", 2, "",  kNone}, {"abc", "|", 0, "abc", kNone},
         {"a|b|c", "|", -1, "", kNone}, {"x<>y<>z", "<>", 1, "y", kNone},
+        {"a,,",   ",", 1, "",  kNone}, {"a,,",   ",", 2, "",  kNone}, {"a,,",   ",", 3, "", kNone},
         // The delimiter past 32,767 fails even though element 0 lies before it.
         {"ab" + far + "|z",    "|", 0, "",  kRange},  {far.substr(2) + "|z", "|", 1, "z", kNone},
         {far.substr(1) + "|z", "|", 0, far.substr(1), kNone},

@@ -20,6 +20,7 @@ TEST(Files, FailureNumbersAUserMeets)
     const std::string locked = dir.Write("locked.ms", "locked\r\n");
     std::filesystem::permissions(locked, std::filesystem::perms(0444));
     std::filesystem::create_directory(dir.File("folder"));
+    const std::string nul = dir.File(std::string("a\0b.ms", 6));
     // clang-format off
     const struct { const char* what; std::function<void()> body; int failure; } cases[] = {
         {"read missing file",       [&] { ReadWholeFile(dir.File("none.scn")); },           53},
@@ -30,11 +31,17 @@ TEST(Files, FailureNumbersAUserMeets)
         {"write a read-only file",  [&] { WriteLinesCrLf(locked, {"a"}); },                 75},
         {"write over a folder",     [&] { WriteLinesCrLf(dir.File("folder"), {"a"}); },     75},
         {"write to a full disk",    [&] { WriteLinesCrLf("/dev/full", {"a"}); },            61},
+        // The system would take the name up to the NUL for the whole name.
+        {"read a name with NUL",    [&] { ReadWholeFile(nul); },                            52},
+        {"write a name with NUL",   [&] { WriteLinesCrLf(nul, {"a"}); },                    52},
+        {"facts of name with NUL",  [&] { GetFileFacts(nul); },                             52},
     };
     // clang-format on
     for (const auto& c : cases)
         EXPECT_EQ(Trap(c.body).value_or(Failure(0)).Number(), c.failure) << c.what;
     EXPECT_EQ(test::ReadBytes(locked), "locked\r\n");
+    EXPECT_FALSE(std::filesystem::exists(dir.File("a")));
+    EXPECT_FALSE(FileExists(nul));
 }
 
 TEST(Files, WritesRowsWithCrLfAndStampsEachChange)
