@@ -1,9 +1,29 @@
 #include "support/files.h"
 
+#include "support/crlf_rows.h"
+
 #include "support/failure.h"
 #include "support/system.h"
 
 namespace tos {
+
+bool WriteRowsCrLf(const std::vector<std::string>& rows,
+                   const std::function<bool(std::string_view)>& write)
+{
+    constexpr std::size_t kChunk = 1 << 16;
+    std::string pending;
+    pending.reserve(kChunk + 256);
+    for (const auto& row : rows) {
+        pending += row;
+        pending += "\r\n";
+        if (pending.size() >= kChunk) {
+            if (!write(pending))
+                return false;
+            pending.clear();
+        }
+    }
+    return write(pending);
+}
 
 void RefuseNulInName(const std::string& path)
 {

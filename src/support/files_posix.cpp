@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/crlf_rows.h"
 #include "support/failure.h"
 
 namespace tos {
@@ -183,19 +184,8 @@ void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& row
     if (file.get() < 0)
         Fail(FileFailureNumber(errno, FileAccess::Write));
 
-    constexpr std::size_t kChunk = 1 << 16;
-    std::string pending;
-    pending.reserve(kChunk + 256);
-    for (const auto& row : rows) {
-        pending += row;
-        pending += "\r\n";
-        if (pending.size() >= kChunk) {
-            if (!WriteAll(file.get(), pending))
-                Fail(FileFailureNumber(errno, FileAccess::Write));
-            pending.clear();
-        }
-    }
-    if (!WriteAll(file.get(), pending) || !file.Close())
+    const auto write = [&](std::string_view bytes) { return WriteAll(file.get(), bytes); };
+    if (!WriteRowsCrLf(rows, write) || !file.Close())
         Fail(FileFailureNumber(errno, FileAccess::Write));
 }
 

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "support/crlf_rows.h"
 #include "support/failure.h"
 #include "support/files.h"
 
@@ -162,19 +163,8 @@ void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& row
     if (file.get() == INVALID_HANDLE_VALUE)
         FailWithLastError(FileAccess::Write);
 
-    constexpr std::size_t kChunk = 1 << 16;
-    std::string pending;
-    pending.reserve(kChunk + 256);
-    for (const auto& row : rows) {
-        pending += row;
-        pending += "\r\n";
-        if (pending.size() >= kChunk) {
-            if (!WriteAll(file.get(), pending))
-                FailWithLastError(FileAccess::Write);
-            pending.clear();
-        }
-    }
-    if (!WriteAll(file.get(), pending) || !file.Close())
+    const auto write = [&](std::string_view bytes) { return WriteAll(file.get(), bytes); };
+    if (!WriteRowsCrLf(rows, write) || !file.Close())
         FailWithLastError(FileAccess::Write);
 }
 
