@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "support/platform.h"
+#include "win/ui/window_owner.h"
 
 namespace tos::win::ui {
 
@@ -221,16 +222,9 @@ ControlMirror* FormWindow::MirrorOf(HWND window) const
 
 LRESULT CALLBACK FormWindow::Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_NCCREATE) {
-        // The window learns its form as it is made.
-        auto* made = reinterpret_cast<const CREATESTRUCTA*>(lParam);
-        SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made->lpCreateParams));
-        reinterpret_cast<FormWindow*>(made->lpCreateParams)->hwnd_ = hwnd;
-    }
-    auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-    if (!self)
-        return DefWindowProcA(hwnd, message, wParam, lParam);
-    return self->Handle(message, wParam, lParam);
+    auto* self = AttachedOwner(hwnd, message, lParam, &FormWindow::hwnd_);
+    return self ? self->Handle(message, wParam, lParam)
+                : DefWindowProcA(hwnd, message, wParam, lParam);
 }
 
 LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)

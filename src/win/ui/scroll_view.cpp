@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "win/ui/window_owner.h"
+
 namespace tos::win::ui {
 
 namespace {
@@ -143,15 +145,9 @@ void ScrollView::Scroll(int code)
 
 LRESULT CALLBACK ScrollView::Proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_NCCREATE) {
-        auto* made = reinterpret_cast<const CREATESTRUCTA*>(lParam);
-        SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made->lpCreateParams));
-        reinterpret_cast<ScrollView*>(made->lpCreateParams)->hwnd_ = hwnd;
-    }
-    auto* self = reinterpret_cast<ScrollView*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-    if (!self)
-        return DefWindowProcA(hwnd, message, wParam, lParam);
-    return self->Handle(message, wParam, lParam);
+    auto* self = AttachedOwner(hwnd, message, lParam, &ScrollView::hwnd_);
+    return self ? self->Handle(message, wParam, lParam)
+                : DefWindowProcA(hwnd, message, wParam, lParam);
 }
 
 LRESULT ScrollView::Handle(UINT message, WPARAM wParam, LPARAM lParam)
