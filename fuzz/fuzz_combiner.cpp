@@ -19,22 +19,13 @@ using tos::fuzz::Require;
 std::vector<std::string> ExpectedRows(std::string_view bytes)
 {
     std::vector<std::string> rows;
-    std::string row;
-    bool open = false;
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        if (bytes[i] != '\r') {
-            row += bytes[i];
-            open = true;
-            continue;
-        }
-        rows.push_back(row);
-        row.clear();
-        open = false;
-        if (i + 1 < bytes.size() && bytes[i + 1] == '\n')
-            ++i;
+    while (!bytes.empty()) {
+        const std::size_t cr = bytes.find('\r');
+        rows.emplace_back(bytes.substr(0, cr));
+        if (cr == std::string_view::npos)
+            break;
+        bytes.remove_prefix(cr + (bytes.substr(cr).starts_with("\r\n") ? 2 : 1));
     }
-    if (open)
-        rows.push_back(row);
     return rows;
 }
 

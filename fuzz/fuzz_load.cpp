@@ -17,7 +17,6 @@ using tos::fuzz::Require;
 
 constexpr std::size_t kMaxScene = 64 * 1024;
 constexpr std::size_t kLargeFile = 65535;
-constexpr std::size_t kMaxRowsProcessed = 6;
 
 // The failure number a trap message names: "... (N)" or "...\n\nN - description".
 int TrapNumber(const std::string& text)
@@ -58,7 +57,7 @@ bool ProcessEveryRow(App& app, test::FakePlatform& platform)
     MainForm& f = app.main;
     const std::vector<std::string> rows = f.comboSelectObject.Items().Rows();
     bool nulInName = false;
-    for (std::size_t i = 0; i < rows.size() && i < kMaxRowsProcessed; ++i) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
         nulInName = nulInName || rows[i].find('\0') != std::string::npos;
         const std::size_t before = platform.messages.size();
         f.txtMaxFile.SetText("C:\\Models\\Fuzz.max");
