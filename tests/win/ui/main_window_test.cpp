@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <regex>
 
 #include "common/scratch.h"
 #include "win/ui/fonts.h"
@@ -65,43 +64,34 @@ std::string Tip(HWND form, HWND control)
     return text;
 }
 
-// What keeps an XML document from being well formed, as far as a picture of
-// this program can go wrong: "" when every element closes in order under one
-// root and every reference is complete.
-std::string XmlProblem(const std::string& xml)
+// The width of the widest of the rows in the window's font.
+LONG WidestText(HWND window, const std::vector<std::string>& rows)
 {
-    std::vector<std::string> open;
-    int roots = 0;
-    for (std::size_t at = xml.find('<'); at != std::string::npos; at = xml.find('<', at)) {
-        if (xml.compare(at, 9, "<![CDATA[") == 0) {
-            at = xml.find("]]>", at);
-            if (at == std::string::npos)
-                return "open CDATA";
-            continue;
-        }
-        const std::size_t end = xml.find('>', at);
-        if (end == std::string::npos)
-            return "open tag at " + std::to_string(at);
-        const std::string tag = xml.substr(at + 1, end - at - 1);
-        at = end + 1;
-        if (tag.starts_with('?'))
-            continue;
-        if (tag.starts_with('/')) {
-            if (open.empty() || open.back() != tag.substr(1))
-                return "<" + tag + "> closes " + (open.empty() ? "nothing" : open.back());
-            open.pop_back();
-            continue;
-        }
-        roots += open.empty() ? 1 : 0;
-        if (!tag.ends_with('/'))
-            open.push_back(tag.substr(0, tag.find_first_of(" \t\r\n")));
+    HDC dc = GetDC(window);
+    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(window, WM_GETFONT, 0, 0)));
+    LONG widest = 0;
+    for (const std::string& row : rows) {
+        SIZE extent;
+        GetTextExtentPoint32A(dc, row.c_str(), static_cast<int>(row.size()), &extent);
+        widest = std::max(widest, extent.cx);
     }
-    static const std::regex badReference("&(?!(#[0-9]+|#x[0-9A-Fa-f]+|[A-Za-z]+);)");
-    if (std::regex_search(xml, badReference))
-        return "bare &";
-    return !open.empty() ? "<" + open.back() + "> never closes"
-           : roots != 1  ? std::to_string(roots) + " roots"
-                         : "";
+    ReleaseDC(window, dc);
+    return widest;
+}
+
+// Loads a copy of the example project through the Browse button; returns the row
+// of the oak in the object list.
+int LoadValley(Windows& w, const ScratchDir& scratch)
+{
+    for (const char* name : {"Valley.prj", "Valley.scn"})
+        scratch.Write(name, ReadBytes(SourceFile(std::string("examples/Valley/") + name)));
+    w.platform.dialogAnswers = {scratch.File("Valley.prj")};
+    SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
+    Pump();
+    const auto& objects = w.app.main.comboSelectObject.Items().Rows();
+    const auto tree = std::find(objects.begin(), objects.end(), "Tree");
+    EXPECT_NE(tree, objects.end());
+    return static_cast<int>(tree - objects.begin());
 }
 
 TEST(MainWindowTest, FirstStateColoursFontsAndClicks)
@@ -255,12 +245,8 @@ TEST(MainWindowTest, WindowMessagesRaiseTheControlsEvents)
 TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
 {
     ScratchDir scratch;
-    for (const char* name : {"Valley.prj", "Valley.scn"})
-        scratch.Write(name, ReadBytes(SourceFile(std::string("examples/Valley/") + name)));
     Windows w;
-    w.platform.dialogAnswers = {scratch.File("Valley.prj")};
-    SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
-    Pump();
+    const int tree = LoadValley(w, scratch);
     EXPECT_EQ(w.platform.Texts(), std::vector<std::string>{});
     EXPECT_TRUE(IsWindowEnabled(w.Main("btnProcess")) &&
                 IsWindowEnabled(w.Main("txtProjectFilePath")));
@@ -270,23 +256,12 @@ TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
     HWND combo = w.Main("comboSelectObject");
     const auto& objects = w.app.main.comboSelectObject.Items().Rows();
     ASSERT_EQ(SendMessageA(combo, CB_GETCOUNT, 0, 0), static_cast<LRESULT>(objects.size()));
-    HDC dc = GetDC(combo);
-    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(combo, WM_GETFONT, 0, 0)));
-    LONG longest = 0;
-    for (const std::string& row : objects) {
-        SIZE extent;
-        GetTextExtentPoint32A(dc, row.c_str(), static_cast<int>(row.size()), &extent);
-        longest = std::max(longest, extent.cx);
-    }
-    ReleaseDC(combo, dc);
-    EXPECT_GT(SendMessageA(combo, CB_GETDROPPEDWIDTH, 0, 0), longest);
+    EXPECT_GT(SendMessageA(combo, CB_GETDROPPEDWIDTH, 0, 0), WidestText(combo, objects));
 
     // The user picks the oak's row with the object name following the selection.
-    const auto tree = std::find(objects.begin(), objects.end(), "Tree");
-    ASSERT_NE(tree, objects.end());
     Type(w.Main("txtMaxFile"), "C:\\Models\\Oak.max");
     SendMessageA(w.Main("chkUseTolvarineName"), BM_CLICK, 0, 0);
-    PickRow(combo, static_cast<int>(tree - objects.begin()));
+    PickRow(combo, tree);
     EXPECT_EQ(Text(w.Main("txtMaxObjectName")), "Tree");
 
     // A former script scrolled to its end; the new one shows from its first row.
@@ -311,16 +286,7 @@ TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
         shown += ListRow(list, i) + "\r\n";
     EXPECT_EQ(shown, script);
     EXPECT_EQ(SendMessageA(list, LVM_GETTOPINDEX, 0, 0), 0);
-    dc = GetDC(list);
-    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0)));
-    LONG widest = 0;
-    for (const std::string& line : lines) {
-        SIZE extent;
-        GetTextExtentPoint32A(dc, line.c_str(), static_cast<int>(line.size()), &extent);
-        widest = std::max(widest, extent.cx);
-    }
-    ReleaseDC(list, dc);
-    EXPECT_GE(SendMessageA(list, LVM_GETCOLUMNWIDTH, 0, 0), widest);
+    EXPECT_GE(SendMessageA(list, LVM_GETCOLUMNWIDTH, 0, 0), WidestText(list, lines));
 }
 
 TEST(MainWindowTest, TheScriptListTakesTheRoomAndShowsLongScriptsAtOnce)
@@ -366,23 +332,13 @@ TEST(MainWindowTest, TheScriptListTakesTheRoomAndShowsLongScriptsAtOnce)
     EXPECT_EQ(ListRow(list, kRows - 1), "row 29999");
 }
 
+// The picture itself is checked on every system by the map's own tests; here it
+// only has to land beside the project and be opened.
 TEST(MainWindowTest, SceneMapWritesThePictureBesideTheProjectAndOpensIt)
 {
-    EXPECT_EQ(XmlProblem("<a><b/></a>"), "");
-    EXPECT_NE(XmlProblem("<a><b></a>"), "");
-    EXPECT_NE(XmlProblem("<a>R&D</a>"), "");
-
     ScratchDir scratch;
-    for (const char* name : {"Valley.prj", "Valley.scn"})
-        scratch.Write(name, ReadBytes(SourceFile(std::string("examples/Valley/") + name)));
     Windows w;
-    w.platform.dialogAnswers = {scratch.File("Valley.prj")};
-    SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
-    Pump();
-    const auto& objects = w.app.main.comboSelectObject.Items().Rows();
-    const auto tree = std::find(objects.begin(), objects.end(), "Tree");
-    ASSERT_NE(tree, objects.end());
-    PickRow(w.Main("comboSelectObject"), static_cast<int>(tree - objects.begin()));
+    PickRow(w.Main("comboSelectObject"), LoadValley(w, scratch));
     w.platform.ClearMessages();
 
     SendMessageA(w.Main("btnSceneMap"), BM_CLICK, 0, 0);
@@ -391,7 +347,6 @@ TEST(MainWindowTest, SceneMapWritesThePictureBesideTheProjectAndOpensIt)
     EXPECT_EQ(w.platform.Texts(), std::vector<std::string>{});
     EXPECT_EQ(w.platform.openedDocuments, std::vector<std::string>{file});
     const std::string svg = ReadBytes(file);
-    EXPECT_EQ(XmlProblem(svg), "");
     EXPECT_TRUE(svg.starts_with("<?xml") && svg.ends_with("</svg>\r\n"));
     // The picture shows where the selection's first object stands.
     EXPECT_NE(svg.find("<path class=\"placement first\" data-model="), std::string::npos);
