@@ -31,14 +31,15 @@ int TrapNumber(const std::string& text)
 
 // Every file the load reads is there, so no file failure may come up; scene content can
 // only lead to range, argument and division failures, the catalogue to a double, and a
-// NUL byte in an object's name to a script name no file can have.
-void CheckMessages(const test::FakePlatform& platform, bool nulInName)
+// NUL byte in an object's name, or a name too long for a file, to a script name no file
+// can have.
+void CheckMessages(const test::FakePlatform& platform, bool badFileName)
 {
     for (const MessageBox& m : platform.messages) {
         if (!m.text.starts_with("Unexpected error in "))
             continue;
         const int n = TrapNumber(m.text);
-        Require(n == 5 || n == 6 || n == 11 || n == 457 || (n == 52 && nulInName),
+        Require(n == 5 || n == 6 || n == 11 || n == 457 || (n == 52 && badFileName),
                 "only failures scene content can cause", m.text);
     }
 }
@@ -51,14 +52,23 @@ std::string CrLfJoined(const std::vector<std::string>& rows)
     return all;
 }
 
-// Returns whether a processed row held a NUL byte.
+// Whether no file can be named after the row: it holds a NUL byte, or the script's
+// name, "Scene_Main_" + row + ".ms", is longer than file systems allow.
+bool NoFileName(const std::string& row)
+{
+    constexpr std::size_t kLongestName = 255;
+    return row.find('\0') != std::string::npos ||
+           std::string("Scene_Main_").size() + row.size() + 3 > kLongestName;
+}
+
+// Returns whether a processed row could name no file.
 bool ProcessEveryRow(App& app, test::FakePlatform& platform)
 {
     MainForm& f = app.main;
     const std::vector<std::string> rows = f.comboSelectObject.Items().Rows();
-    bool nulInName = false;
+    bool badFileName = false;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        nulInName = nulInName || rows[i].find('\0') != std::string::npos;
+        badFileName = badFileName || NoFileName(rows[i]);
         const std::size_t before = platform.messages.size();
         f.txtMaxFile.SetText("C:\\Models\\Fuzz.max");
         f.txtMaxObjectName.SetText("Fuzz");
@@ -70,7 +80,7 @@ bool ProcessEveryRow(App& app, test::FakePlatform& platform)
                     "the saved script is the list", app.state.ScriptFileName);
         }
     }
-    return nulInName;
+    return badFileName;
 }
 
 } // namespace
@@ -105,14 +115,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         f.txtGridSize.SetText(flags & 4 ? "700" : "0");
         f.txtGridSize.LostFocus.Fire();
     }
-    bool nulInName = false;
+    bool badFileName = false;
     for (const bool perimeter : {false, true}) {
         f.chkPerimeterTile.SetValue(perimeter ? 1 : 0);
         platform.dialogAnswers.push_back(prj);
         f.btnBrowseProjectFile.Click.Fire();
         Require(f.mousePointer == kPointerDefault, "the pointer comes back after a load");
-        nulInName = ProcessEveryRow(app, platform) || nulInName;
+        badFileName = ProcessEveryRow(app, platform) || badFileName;
     }
-    CheckMessages(platform, nulInName);
+    CheckMessages(platform, badFileName);
     return 0;
 }
