@@ -14,6 +14,12 @@ export WINEPREFIX=$PWD/$build/wineprefix WINEDEBUG=-all WINEDLLOVERRIDES=mscoree
 started=$(date +%s)
 
 trap 'wineserver -k 2>/dev/null || true' EXIT
+# Left to itself the server quits a few seconds after each program ends, so every
+# test paid for a new start, and a test starting while the old one was quitting
+# could fail at once without a word. One server, kept until the end, avoids both.
+mkdir -p "$WINEPREFIX"
+wineserver -k 2>/dev/null || true
+wineserver -p
 # The first start of a new prefix sets it up, which takes a while.
 wineboot -i >/dev/null 2>&1
 echo "Wine prefix ready after $(( $(date +%s) - started )) s"
