@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs the tests of the Windows build under Wine: the whole CTest suite, then the
 # comparison of tos-cli.exe with the Linux tos-cli. One Wine prefix of the build's
-# own, started once and kept running for all tests, on a virtual screen.
+# own, one server and one desktop kept for all tests, on a virtual screen.
 set -euo pipefail
 build=${1:-build-windows}
 jobs=${2:-2}
@@ -22,6 +22,12 @@ wineserver -k 2>/dev/null || true
 wineserver -p
 # The first start of a new prefix sets it up, which takes a while.
 wineboot -i >/dev/null 2>&1
+# One desktop for the whole run (see the anchor's source), open before any test.
+ready=$PWD/$build/desktop-anchor.ready
+rm -f "$ready"
+wine "$build/tests/win/desktop_anchor.exe" "Z:$ready" </dev/null >/dev/null 2>&1 &
+for _ in $(seq 600); do [ -f "$ready" ] && break; sleep 0.1; done
+[ -f "$ready" ] || { echo "Wine's desktop did not open" >&2; exit 1; }
 echo "Wine prefix ready after $(( $(date +%s) - started )) s"
 
 (cd "$build" && ctest -j "$jobs" --output-on-failure)
