@@ -1,6 +1,7 @@
 // The whole project load on any scene and catalogue bytes, then Process for every row
 // of the object list, in both tile modes, with a recording platform.
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -63,13 +64,13 @@ std::string CrLfJoined(const std::vector<std::string>& rows)
     return all;
 }
 
-// Whether no file can be named after the row: it holds a NUL byte, or the script's
-// name, "Scene_Main_" + row + ".ms", is longer than file systems allow.
-bool NoFileName(const std::string& row)
+// Whether no file can have the script's name: it holds a NUL byte, or its last part is
+// longer than file systems allow.
+bool NoFileName(const std::string& scriptFile)
 {
     constexpr std::size_t kLongestName = 255;
-    return row.find('\0') != std::string::npos ||
-           std::string("Scene_Main_").size() + row.size() + 3 > kLongestName;
+    return scriptFile.find('\0') != std::string::npos ||
+           std::filesystem::path(scriptFile).filename().string().size() > kLongestName;
 }
 
 // Returns whether a processed row could name no file.
@@ -79,13 +80,13 @@ bool ProcessEveryRow(App& app, test::FakePlatform& platform)
     const std::vector<std::string> rows = f.comboSelectObject.Items().Rows();
     bool badFileName = false;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        badFileName = badFileName || NoFileName(rows[i]);
         const std::size_t before = platform.messages.size();
         f.txtMaxFile.SetText("C:\\Models\\Fuzz.max");
         f.txtMaxObjectName.SetText("Fuzz");
         f.comboSelectObject.SetText(rows[i]);
         f.btnProcess.Click.Fire();
         Require(f.mousePointer == kPointerDefault, "the pointer comes back");
+        badFileName = badFileName || NoFileName(app.state.ScriptFileName);
         if (platform.messages.size() == before && app.state.SaveToFile) {
             Require(fuzz::ReadFileBytes(app.state.ScriptFileName) == CrLfJoined(f.List2.Rows()),
                     "the saved script is the list", app.state.ScriptFileName);
