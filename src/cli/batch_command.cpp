@@ -18,6 +18,7 @@ struct BatchOptions {
     std::string batchFile;
     bool noSave = false;
     std::optional<std::string> combined;
+    StyleOptions style;
 };
 
 // The window's Process All over the items of a batch list: one line per item on
@@ -29,6 +30,7 @@ int RunBatchCommand(const BatchOptions& options, CommandContext& context)
     StartAndLoad(app, platform, options.load);
     if (options.noSave)
         app.main.chkSave.SetValue(0);
+    ApplyStyleOptions(app, options.style);
     const BatchListRead read = ReadBatchList(app, AbsolutePath(options.batchFile));
     for (const std::string& problem : read.problems)
         app.Message(problem);
@@ -67,6 +69,7 @@ void AddBatchCommand(CLI::App& cli, CommandContext& context)
                     "<project>_Per_All.ms beside the project)")
         ->type_name("OUT.ms")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    AddStyleOptions(*sub, options->style);
     sub->callback([&context, options] {
         context.action = [&context, options] { return RunBatchCommand(*options, context); };
     });

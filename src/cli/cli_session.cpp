@@ -4,6 +4,8 @@
 #include <ostream>
 
 #include "forms/app.h"
+#include "forms/form_routines.h"
+#include "support/conversions.h"
 #include "shell/startup.h"
 #include "support/files.h"
 
@@ -91,6 +93,29 @@ void AddLoadOptions(CLI::App& sub, LoadOptions& options)
                    "Stock catalogue file (default: TolvarineObjectScripter.ini beside the program)")
         ->type_name("FILE")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
+
+void AddStyleOptions(CLI::App& sub, StyleOptions& options)
+{
+    sub.add_option("--style", options.style,
+                   "Script style: classic (for 3ds Max 3.1, the default) or max2008 (for 3ds Max "
+                   "2008 and later)")
+        ->type_name("classic|max2008")
+        ->check(CLI::IsMember({kClassicStyle, kMax2008Style}, CLI::ignore_case))
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    sub.add_flag("--instances", options.instances,
+                 "With --style max2008: instances of the first object instead of copies");
+    sub.parse_complete_callback([&options] {
+        if (options.instances && !EqualsIgnoringCase(options.style, kMax2008Style))
+            throw CLI::ValidationError("--instances", "needs --style max2008");
+    });
+}
+
+void ApplyStyleOptions(tos::App& app, const StyleOptions& options)
+{
+    MainForm& f = app.main;
+    f.chkMax2008.SetValue(EqualsIgnoringCase(options.style, kMax2008Style) ? 1 : 0);
+    f.chkInstances.SetValue(options.instances ? 1 : 0);
 }
 
 std::string AbsolutePath(const std::string& path)

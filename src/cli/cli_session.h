@@ -59,6 +59,18 @@ struct LoadOptions {
 // keeps its last value.
 void AddLoadOptions(CLI::App& sub, LoadOptions& options);
 
+// --style and --instances: the two boxes of the script style, as a user ticks them.
+struct StyleOptions {
+    std::string style = "classic"; // or "max2008", any case
+    bool instances = false;
+};
+
+// Adds --style and --instances; --instances without --style max2008 is a usage error.
+void AddStyleOptions(CLI::App& sub, StyleOptions& options);
+
+// Ticks chkMax2008 and chkInstances as the options say.
+void ApplyStyleOptions(tos::App& app, const StyleOptions& options);
+
 // A path as the dialog answers it: a relative path gets the current folder and a
 // separator in front, and nothing else changes; "" stays "" (a Cancel).
 std::string AbsolutePath(const std::string& path);

@@ -30,5 +30,6 @@ void AddScriptCommand(CLI::App& cli, CommandContext& context);
 void AddCombineCommand(CLI::App& cli, CommandContext& context);
 void AddMapCommand(CLI::App& cli, CommandContext& context);
 void AddBatchCommand(CLI::App& cli, CommandContext& context);
+void AddCheckCommand(CLI::App& cli, CommandContext& context);
 
 } // namespace tos::cli

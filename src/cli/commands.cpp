@@ -26,6 +26,7 @@ int Run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
     AddCombineCommand(cli, context);
     AddMapCommand(cli, context);
     AddBatchCommand(cli, context);
+    AddCheckCommand(cli, context);
 
     try {
         cli.parse(argc, argv);

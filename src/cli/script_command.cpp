@@ -6,6 +6,7 @@
 #include "cli/cli_session.h"
 #include "cli/command_context.h"
 #include "forms/app.h"
+#include "script/script_check.h"
 
 namespace tos::cli {
 
@@ -21,6 +22,8 @@ struct ScriptOptions {
     std::optional<std::string> verticalScale;
     std::optional<std::string> verticalOffset;
     bool noSave = false;
+    StyleOptions style;
+    bool check = false;
 };
 
 // After the load, the form is filled in the order a user would, then Process
@@ -37,6 +40,7 @@ int RunScript(const ScriptOptions& options, CommandContext& context)
         form.txtVerticalScale.SetText(*options.verticalScale);
     if (options.verticalOffset)
         form.txtVerticalOffset.SetText(*options.verticalOffset);
+    ApplyStyleOptions(app, options.style);
     if (options.useTolvarineName)
         form.chkUseTolvarineName.SetValue(1);
     if (options.useMaxName)
@@ -50,6 +54,9 @@ int RunScript(const ScriptOptions& options, CommandContext& context)
         form.btnProcess.Click.Fire();
     for (const std::string& row : form.List2.Rows())
         context.out << row << '\n';
+    if (options.check)
+        for (const ScriptFinding& finding : form.scriptFindings)
+            context.err << FindingLine(app.state.ScriptFileName, finding) << '\n';
     return ExitStatus(platform);
 }
 
@@ -88,6 +95,9 @@ void AddScriptCommand(CLI::App& cli, CommandContext& context)
         ->type_name("TEXT")
         ->multi_option_policy(last);
     sub->add_flag("--no-save", options->noSave, "Print the script without writing its file");
+    AddStyleOptions(*sub, options->style);
+    sub->add_flag("--check", options->check,
+                  "Then tell on stderr where today's 3ds Max would stop at or misread the script");
     sub->callback([&context, options] {
         context.action = [&context, options] { return RunScript(*options, context); };
     });

@@ -54,6 +54,18 @@ void chkUseObjectScale_Click(App& app)
     SetEditable(f.txtGridSize, !scaleRules);
 }
 
+void chkMax2008_Click(App& app)
+{
+    MainForm& f = app.main;
+    f.chkInstances.SetEnabled(f.chkMax2008.Checked());
+    SaveScriptStyle(app);
+}
+
+void chkInstances_Click(App& app)
+{
+    SaveScriptStyle(app);
+}
+
 void txtGridSize_LostFocus(App& app)
 {
     CleanNumberBox(app.main.txtGridSize, 1.0, 0, "0");
@@ -104,6 +116,8 @@ void ConnectMainFormEvents(App& app)
     on(f.chkPerimeterTile.Click, chkPerimeterTile_Click);
     on(f.chkSave.Click, chkSave_Click);
     on(f.chkUseObjectScale.Click, chkUseObjectScale_Click);
+    on(f.chkMax2008.Click, chkMax2008_Click);
+    on(f.chkInstances.Click, chkInstances_Click);
     on(f.txtGridSize.LostFocus, txtGridSize_LostFocus);
     on(f.txtObjectScale.LostFocus, txtObjectScale_LostFocus);
     on(f.btnBrowseMaxFile.Click, btnBrowseMaxFile_Click);

@@ -16,6 +16,10 @@ void chkPerimeterTile_Click(App& app);
 void chkSave_Click(App& app);
 // Makes the scale box or the grid box the one the user edits.
 void chkUseObjectScale_Click(App& app);
+// The script style: the instances box only counts, and is only enabled, with the
+// 2008-and-later style. Both are remembered as they change.
+void chkMax2008_Click(App& app);
+void chkInstances_Click(App& app);
 // Clean what was typed into a whole grid size or a six-decimal scale.
 void txtGridSize_LostFocus(App& app);
 void txtObjectScale_LostFocus(App& app);

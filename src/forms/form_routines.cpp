@@ -56,6 +56,33 @@ void SaveSettings(App& app)
     SetRegStr(app, "ObjectDir", app.state.ObjectDir, key, kHkeyCurrentUser);
 }
 
+namespace {
+constexpr const char* kStyleValue = "ScriptStyle";
+constexpr const char* kInstancesValue = "Instances";
+} // namespace
+
+void SaveScriptStyle(App& app)
+{
+    const std::string key = SettingsKey(app);
+    const MainForm& f = app.main;
+    SetRegStr(app, kStyleValue, f.chkMax2008.Checked() ? kMax2008Style : kClassicStyle, key,
+              kHkeyCurrentUser);
+    SetRegStr(app, kInstancesValue, f.chkInstances.Checked() ? "1" : "0", key, kHkeyCurrentUser);
+}
+
+void RestoreScriptStyle(App& app)
+{
+    const std::string key = SettingsKey(app);
+    std::string style;
+    std::string instances;
+    (void)Trap([&] { style = app.platform.ReadSetting(key, kStyleValue); });
+    (void)Trap([&] { instances = app.platform.ReadSetting(key, kInstancesValue); });
+    MainForm& f = app.main;
+    f.chkMax2008.SetValue(EqualsIgnoringCase(style, kMax2008Style) ? 1 : 0);
+    f.chkInstances.SetValue(instances == "1" ? 1 : 0);
+    f.chkInstances.SetEnabled(f.chkMax2008.Checked());
+}
+
 void ExitProgram(App& app)
 {
     app.compiler.visible = false;

@@ -14,6 +14,15 @@ std::string SettingsKey(const App& app);
 // Writes both remembered folders; a failed write is silent.
 void SaveSettings(App& app);
 
+// The names of the two script styles in the settings, batch lists and tos-cli.
+inline constexpr const char* kClassicStyle = "classic";
+inline constexpr const char* kMax2008Style = "max2008";
+
+// The script style and the instances box, remembered beside the folders. A
+// fresh installation starts in the classic style; a failed read or write is silent.
+void SaveScriptStyle(App& app);
+void RestoreScriptStyle(App& app);
+
 // Unloads both forms and ends the run.
 void ExitProgram(App& app);
 

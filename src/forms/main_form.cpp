@@ -41,8 +41,10 @@ MainForm::MainForm()
       txtObjectScale("txtObjectScale", "100.000000"),
       lblCalcGridSize("lblCalcGridSize", "3dsMax Grid Size:"),
       txtGridSize("txtGridSize", "768"),
+      chkMax2008("chkMax2008", "For 3ds Max 2008 and later", 0),
+      chkInstances("chkInstances", "Instances instead of copies", 0),
       frameMaxScriptOutput("frameMaxScriptOutput", "MAX Script Output"),
-      List2("List2", false, RowLimit::None),
+      List2("List2", false, RowLimit::None), lblScriptCheck("lblScriptCheck", ""),
       Frame1("Frame1", ""),
       lblVersion("lblVersion", ""),
       lblCredits("lblCredits", "Tolvarine Object Scripter\nScene objects to MAXScript, copy by copy"),
@@ -68,6 +70,9 @@ MainForm::MainForm()
     btnProcess.SetEnabled(false);
     btnSceneMap.SetToolTip("Where the copies of the selected row will stand");
     Grey(txtGridSize);
+    chkMax2008.SetToolTip("Scripts that today's 3ds Max runs whatever the names and paths");
+    chkInstances.SetToolTip("Every copy shares the first object's mesh");
+    chkInstances.SetEnabled(false);
 
     List2.SetBack(BackColor::ButtonFace);
     List2.SetFont({"Courier New", 9});

@@ -1,8 +1,21 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 #include "forms/controls.h"
 
 namespace tos {
+
+// A place in the last script that today's 3ds Max would misread or stop at.
+struct ScriptFinding {
+    std::size_t line = 0; // 1-based line of the script
+    std::string text;     // "3ds Max would stop at line 13: the name Big Tree needs quotes."
+    bool classic = false; // found in a script of the classic style, which the other style mends
+
+    bool operator==(const ScriptFinding&) const = default;
+};
 
 // The main window as a model: its controls hold the settings and, in seven
 // hidden sorted lists, the records of the loaded scene. Built in its first state.
@@ -61,8 +74,16 @@ struct MainForm {
     Label lblCalcGridSize;
     TextBox txtGridSize;
 
+    // The script style: classic (for 3ds Max 3.1) unless this is checked.
+    CheckBox chkMax2008;
+    // Enabled only with chkMax2008: copies share the first object's mesh.
+    CheckBox chkInstances;
+
     Frame frameMaxScriptOutput;
     ListBox List2; // the script buffer, unsorted, without a row limit
+    // One line under the script list: what the check found in the last script.
+    Label lblScriptCheck;
+    std::vector<ScriptFinding> scriptFindings;
 
     Frame Frame1;
     Label lblVersion;

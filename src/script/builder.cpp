@@ -1,5 +1,6 @@
 #include "script/builder.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -53,12 +54,15 @@ public:
 
         verticalScale_ = TextToNumber(form_.txtVerticalScale.Text());
         verticalOffset_ = TextToNumber(form_.txtVerticalOffset.Text());
-        object_ = form_.txtMaxObjectName.Text();
+        const ScriptStyle style{form_.chkMax2008.Checked(),
+                                form_.chkMax2008.Checked() && form_.chkInstances.Checked()};
+        text_ = MakeScriptText(form_.List2, form_.txtMaxObjectName.Text(), style);
 
-        AppendHeadBlock(form_.List2, GetFileName(app_.platform, app_.state.ScriptFileName),
-                        form_.txtMaxFile.Text());
+        text_->Head(GetFileName(app_.platform, app_.state.ScriptFileName),
+                    form_.txtMaxFile.Text());
         PlaceAll();
         TurnFirstObject();
+        text_->End();
         if (app_.state.SaveToFile)
             WriteLinesCrLf(app_.state.ScriptFileName, form_.List2.Rows());
     }
@@ -117,12 +121,12 @@ private:
                 std::optional<double> factor;
                 if (!FullSize())
                     factor = RoundHalfEven((objectScale_ / Num(100)).value(), 8);
-                AppendFirstObjectBlock(form_.List2, object_, at, factor);
+                text_->FirstObject(at, factor);
                 first = false;
             } else {
-                AppendCopyPlacement(form_.List2, object_, count, at);
+                text_->CopyPlacement(count, at);
                 CalculateAngles(app_, section);
-                AppendCopyTurns(form_.List2, object_, count, TurnsOf(app_.state));
+                text_->CopyTurns(count, TurnsOf(app_.state));
             }
             ++count;
         }
@@ -137,7 +141,7 @@ private:
             if (!Matches(row))
                 continue;
             CalculateAngles(app_, SectionOf(row));
-            AppendGoBackBlock(form_.List2, object_, TurnsOf(app_.state));
+            text_->GoBack(TurnsOf(app_.state));
             return;
         }
     }
@@ -147,7 +151,7 @@ private:
     MainForm& form_;
     const ListBox& rows_;
     std::string selection_;
-    std::string object_;
+    std::unique_ptr<ScriptText> text_;
     bool mainTile_ = true;
     TileGeometry geometry_;
     Num objectScale_;

@@ -1,17 +1,14 @@
 #include "script/script_text.h"
 
-#include <initializer_list>
 #include <string>
 
 #include "forms/controls.h"
 #include "forms/run_state.h"
+#include "script/text_rows.h"
 #include "support/conversions.h"
 
 namespace tos {
 
-namespace {
-
-// Joins the parts of one row.
 std::string Row(std::initializer_list<std::string_view> parts)
 {
     std::size_t size = 0;
@@ -24,16 +21,16 @@ std::string Row(std::initializer_list<std::string_view> parts)
     return row;
 }
 
-std::string Bracketed(const std::string& a, const std::string& b, const std::string& c)
+std::string PositionValue(const MaxPosition& at)
 {
-    return Row({"[", a, ",", b, ",", c, "]"});
+    return Row({"[", FormatPattern(at.x, "0.000000"), ",", FormatPattern(at.y, "0.000000"), ",",
+                FormatPattern(at.z, "0.000000"), "]"});
 }
 
-std::string PositionRow(std::string_view name, const MaxPosition& at)
+std::string ScaleValue(double factor)
 {
-    return Row({"$", name, ".pos = ",
-                Bracketed(FormatPattern(at.x, "0.000000"), FormatPattern(at.y, "0.000000"),
-                          FormatPattern(at.z, "0.000000"))});
+    const std::string f = FormatPattern(factor, "0.00000000");
+    return Row({"[", f, ",", f, ",", f, "]"});
 }
 
 std::string CopyName(std::string_view object, Int16 copyNumber)
@@ -41,76 +38,91 @@ std::string CopyName(std::string_view object, Int16 copyNumber)
     return Row({object, FormatPattern(copyNumber.value(), "00")});
 }
 
-// Rotate rows in the order Z, Y, X, for those axes whose flag is set.
-void AppendRotateRows(ListBox& script, std::string_view name, const Turns& turns)
-{
-    const auto rotate = [&](double angle, std::string_view axis) {
-        script.AddItem(
-            Row({"rotate $", name, " (angleaxis ", NumberToText(angle), " ", axis, ")"}));
-    };
-    if (turns.rotateZ)
-        rotate(turns.angleZ, "[0,0,1]");
-    if (turns.rotateY)
-        rotate(turns.angleY, "[0,1,0]");
-    if (turns.rotateX)
-        rotate(turns.angleX, "[1,0,0]");
-}
+namespace {
+
+// The text for 3ds Max 3.1: every row names its node as $name.
+class ClassicText : public ScriptText {
+public:
+    ClassicText(ListBox& script, std::string_view object) : script_(script), object_(object) {}
+
+    void Head(std::string_view scriptName, std::string_view maxFile) override
+    {
+        script_.AddItem("-- Tolvarine Object Scripter for 3dsMax 3.1");
+        script_.AddItem(Row({"-- Script File Name:  ", scriptName}));
+        script_.AddItem("");
+        script_.AddItem("");
+        script_.AddItem("-- start of script");
+        script_.AddItem("clearlistener()");
+        script_.AddItem("");
+        script_.AddItem("-- perform merge on first object");
+        script_.AddItem(
+            Row({"mergeMAXFile \"", UpperCase(maxFile), "\" #mergeDups #select #noredraw"}));
+        script_.AddItem("");
+    }
+
+    void FirstObject(const MaxPosition& at, std::optional<double> scaleFactor) override
+    {
+        script_.AddItem("-- move the first object into position");
+        script_.AddItem("max move");
+        script_.AddItem(Row({"$", object_, ".pos = ", PositionValue(at)}));
+        if (scaleFactor)
+            script_.AddItem(Row({"$", object_, ".scale = ", ScaleValue(*scaleFactor)}));
+        script_.AddItem("");
+        script_.AddItem("-- make copies of the original object and move into postion");
+        script_.AddItem("");
+    }
+
+    void CopyPlacement(Int16 copyNumber, const MaxPosition& at) override
+    {
+        const std::string name = CopyName(object_, copyNumber);
+        script_.AddItem(Row({"copy $", object_, " isSelected:on name:\"", name, "\""}));
+        script_.AddItem(Row({"$", name, ".pos = ", PositionValue(at)}));
+    }
+
+    void CopyTurns(Int16 copyNumber, const Turns& turns) override
+    {
+        Rotate(CopyName(object_, copyNumber), turns);
+        script_.AddItem("");
+    }
+
+    void GoBack(const Turns& turns) override
+    {
+        script_.AddItem("-- go back and rotate first object (if necessary)");
+        script_.AddItem("");
+        Rotate(object_, turns);
+    }
+
+private:
+    void Rotate(std::string_view name, const Turns& turns)
+    {
+        ForEachTurn(turns, [&](double angle, std::string_view axis) {
+            script_.AddItem(
+                Row({"rotate $", name, " (angleaxis ", NumberToText(angle), " ", axis, ")"}));
+        });
+    }
+
+    ListBox& script_;
+    std::string object_;
+};
 
 } // namespace
+
+std::unique_ptr<ScriptText> MakeClassicText(ListBox& script, std::string_view object)
+{
+    return std::make_unique<ClassicText>(script, object);
+}
 
 Turns TurnsOf(const RunState& state)
 {
     return {state.RotateX, state.RotateY, state.RotateZ, state.AngleX, state.AngleY, state.AngleZ};
 }
 
-void AppendHeadBlock(ListBox& script, std::string_view scriptName, std::string_view maxFile)
+std::unique_ptr<ScriptText> MakeScriptText(ListBox& script, std::string_view object,
+                                           ScriptStyle style)
 {
-    script.AddItem("-- Tolvarine Object Scripter for 3dsMax 3.1");
-    script.AddItem(Row({"-- Script File Name:  ", scriptName}));
-    script.AddItem("");
-    script.AddItem("");
-    script.AddItem("-- start of script");
-    script.AddItem("clearlistener()");
-    script.AddItem("");
-    script.AddItem("-- perform merge on first object");
-    script.AddItem(Row({"mergeMAXFile \"", UpperCase(maxFile), "\" #mergeDups #select #noredraw"}));
-    script.AddItem("");
-}
-
-void AppendFirstObjectBlock(ListBox& script, std::string_view object, const MaxPosition& at,
-                            std::optional<double> scaleFactor)
-{
-    script.AddItem("-- move the first object into position");
-    script.AddItem("max move");
-    script.AddItem(PositionRow(object, at));
-    if (scaleFactor) {
-        const std::string f = FormatPattern(*scaleFactor, "0.00000000");
-        script.AddItem(Row({"$", object, ".scale = ", Bracketed(f, f, f)}));
-    }
-    script.AddItem("");
-    script.AddItem("-- make copies of the original object and move into postion");
-    script.AddItem("");
-}
-
-void AppendCopyPlacement(ListBox& script, std::string_view object, Int16 copyNumber,
-                         const MaxPosition& at)
-{
-    const std::string name = CopyName(object, copyNumber);
-    script.AddItem(Row({"copy $", object, " isSelected:on name:\"", name, "\""}));
-    script.AddItem(PositionRow(name, at));
-}
-
-void AppendCopyTurns(ListBox& script, std::string_view object, Int16 copyNumber, const Turns& turns)
-{
-    AppendRotateRows(script, CopyName(object, copyNumber), turns);
-    script.AddItem("");
-}
-
-void AppendGoBackBlock(ListBox& script, std::string_view object, const Turns& turns)
-{
-    script.AddItem("-- go back and rotate first object (if necessary)");
-    script.AddItem("");
-    AppendRotateRows(script, object, turns);
+    if (style.max2008)
+        return MakeModernText(script, object, style.instances);
+    return MakeClassicText(script, object);
 }
 
 } // namespace tos

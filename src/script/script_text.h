@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -23,23 +24,35 @@ struct Turns {
 
 Turns TurnsOf(const RunState& state);
 
+// Which text a script is written in. Classic is the text for 3ds Max 3.1;
+// max2008 reads every name and path exactly and makes copies or instances.
+struct ScriptStyle {
+    bool max2008 = false;
+    bool instances = false; // max2008 only
+};
+
 // Every row of a generated script is composed here and appended to the script
-// buffer one by one, in the order the script runs.
+// buffer one by one, in the order the script runs. The builder decides which
+// block comes when; each style writes the rows of a block in its own text.
+class ScriptText {
+public:
+    virtual ~ScriptText() = default;
 
-// The ten rows that open every script. maxFile is written in capitals.
-void AppendHeadBlock(ListBox& script, std::string_view scriptName, std::string_view maxFile);
+    // The rows that open every script.
+    virtual void Head(std::string_view scriptName, std::string_view maxFile) = 0;
+    // The merged object moved to its place; the scale row only with a scale factor.
+    virtual void FirstObject(const MaxPosition& at, std::optional<double> scaleFactor) = 0;
+    // The copy rows in two parts, because the copy's turns are worked out between them.
+    virtual void CopyPlacement(Int16 copyNumber, const MaxPosition& at) = 0;
+    virtual void CopyTurns(Int16 copyNumber, const Turns& turns) = 0;
+    // The rows that turn the merged object itself, after all copies.
+    virtual void GoBack(const Turns& turns) = 0;
+    // The rows behind the last block; the classic text has none.
+    virtual void End() {}
+};
 
-// The merged object moved to its place; the scale row only with a scale factor.
-void AppendFirstObjectBlock(ListBox& script, std::string_view object, const MaxPosition& at,
-                            std::optional<double> scaleFactor);
-
-// The copy rows in two parts, because the copy's turns are worked out between them.
-void AppendCopyPlacement(ListBox& script, std::string_view object, Int16 copyNumber,
-                         const MaxPosition& at);
-void AppendCopyTurns(ListBox& script, std::string_view object, Int16 copyNumber,
-                     const Turns& turns);
-
-// The closing rows that turn the merged object itself, after all copies.
-void AppendGoBackBlock(ListBox& script, std::string_view object, const Turns& turns);
+// The text of a style, for the object named object, appending to script.
+std::unique_ptr<ScriptText> MakeScriptText(ListBox& script, std::string_view object,
+                                           ScriptStyle style);
 
 } // namespace tos

@@ -6,6 +6,7 @@
 #include "forms/app.h"
 #include "forms/record_walk.h"
 #include "script/builder.h"
+#include "script/script_check.h"
 #include "script/stock_builders.h"
 #include "support/conversions.h"
 #include "support/elements.h"
@@ -60,6 +61,8 @@ void btnProcess_Click(App& app)
         BuildScript(app);
     else
         kGroupBuilders[static_cast<std::size_t>(option - 1)](app);
+    // A line under the script, never a box: the script itself is as specified.
+    CheckShownScript(form);
     app.SetMousePointer(FormId::Main, kPointerDefault);
 }
 

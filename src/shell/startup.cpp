@@ -40,6 +40,8 @@ void Main(App& app, const StartOptions& options)
     s.AppName = kAppName;
     s.DefaultDir = RestoreFolder(app, "DefaultDir");
     s.ObjectDir = RestoreFolder(app, "ObjectDir");
+    // Before the events are connected, so restoring writes nothing back.
+    RestoreScriptStyle(app);
     s.IniFile = options.iniFile.empty() ? app.platform.ProgramFolder() + kPathSeparator + kIniName
                                         : options.iniFile;
 

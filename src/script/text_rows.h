@@ -1,0 +1,41 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "script/script_text.h"
+#include "support/checked.h"
+
+namespace tos {
+
+// Joins the parts of one row.
+std::string Row(std::initializer_list<std::string_view> parts);
+
+// "[x,y,z]" with six decimals each.
+std::string PositionValue(const MaxPosition& at);
+
+// "[f,f,f]" with eight decimals each.
+std::string ScaleValue(double factor);
+
+// The object's name and the copy number, two digits at least: "Tree01".
+std::string CopyName(std::string_view object, Int16 copyNumber);
+
+// Calls row(angle, axis) for each turn whose flag is set, in the order Z, Y, X.
+template <typename RowFor>
+void ForEachTurn(const Turns& turns, RowFor row)
+{
+    if (turns.rotateZ)
+        row(turns.angleZ, "[0,0,1]");
+    if (turns.rotateY)
+        row(turns.angleY, "[0,1,0]");
+    if (turns.rotateX)
+        row(turns.angleX, "[1,0,0]");
+}
+
+// The classic text and the one for 3ds Max 2008 and later.
+std::unique_ptr<ScriptText> MakeClassicText(ListBox& script, std::string_view object);
+std::unique_ptr<ScriptText> MakeModernText(ListBox& script, std::string_view object,
+                                           bool instances);
+
+} // namespace tos
