@@ -64,6 +64,8 @@ void ClearRow(BatchRow& row)
     row.chkUseTolvarineName.SetValue(0);
     row.chkUseMaxName.SetValue(0);
     row.chkProcess.SetValue(0);
+    row.max2008.reset();
+    row.instances.reset();
     for (TextBox* box :
          {&row.txtMaxFile, &row.txtObjectName, &row.txtVerticalScale, &row.txtVerticalOffset})
         box->SetText("");
@@ -78,6 +80,8 @@ void CopyRow(const BatchRow& from, BatchRow& to)
     to.txtVerticalOffset.SetText(from.txtVerticalOffset.Text());
     to.chkUseTolvarineName.SetValue(from.chkUseTolvarineName.Value());
     to.chkUseMaxName.SetValue(from.chkUseMaxName.Value());
+    to.max2008 = from.max2008;
+    to.instances = from.instances;
 }
 
 BatchItem ItemOf(const BatchRow& row)
@@ -91,6 +95,8 @@ BatchItem ItemOf(const BatchRow& row)
         item.verticalScale = row.txtVerticalScale.Text();
     if (!row.txtVerticalOffset.Text().empty())
         item.verticalOffset = row.txtVerticalOffset.Text();
+    item.max2008 = row.max2008;
+    item.instances = row.instances;
     return item;
 }
 
@@ -132,6 +138,7 @@ void btnProcessAll_Click(App& app, BatchForm& form)
     form.lstSummary.Clear();
     if (!sameProject) {
         form.rowsProject = app.state.ScriptBasePath;
+        form.style = {};
         const std::string file =
             app.state.ScriptBasePath.empty() ? std::string() : DefaultBatchFile(app);
         form.txtBatchFile.SetText(file);
@@ -174,7 +181,10 @@ void LoadBatchList(App& app, BatchForm& form, const std::string& file)
             row->txtObjectName.SetText(item.objectName);
             row->txtVerticalScale.SetText(item.verticalScale.value_or(""));
             row->txtVerticalOffset.SetText(item.verticalOffset.value_or(""));
+            row->max2008 = item.max2008;
+            row->instances = item.instances;
         }
+        form.style = read.style;
         form.txtBatchFile.SetText(file);
         form.keptItems = BatchItems(form);
     }
@@ -192,7 +202,7 @@ std::vector<BatchItem> BatchItems(const BatchForm& form)
     for (const auto& row : form.rows) {
         BatchItem item = ItemOf(*row);
         if (item.process || !item.maxFile.empty() || !item.objectName.empty() ||
-            item.verticalScale || item.verticalOffset)
+            item.verticalScale || item.verticalOffset || item.max2008 || item.instances)
             items.push_back(std::move(item));
     }
     return items;
@@ -201,7 +211,7 @@ std::vector<BatchItem> BatchItems(const BatchForm& form)
 void SaveBatchList(App& app, BatchForm& form, const std::string& file)
 {
     const std::vector<BatchItem> items = BatchItems(form);
-    if (auto failure = Trap([&] { WriteBatchList(app, file, items); })) {
+    if (auto failure = Trap([&] { WriteBatchList(app, file, items, form.style); })) {
         app.Message(TrapMessageLines("btnSave", *failure));
         return;
     }
@@ -242,7 +252,7 @@ void btnRunBatch_Click(App& app, BatchForm& form)
             checked.push_back(ItemOf(*row));
     SetPointer(app, form, kPointerHourglass);
     form.lstSummary.Clear();
-    const BatchReport report = RunBatch(app, checked);
+    const BatchReport report = RunBatch(app, checked, form.style);
     if (auto failure = Trap([&] {
             for (const std::string& line : SummaryLines(report))
                 form.lstSummary.AddItem(line);

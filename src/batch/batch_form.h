@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ struct BatchRow {
     CheckBox chkUseMaxName;
     TextBox txtVerticalScale; // "" means the main form's value
     TextBox txtVerticalOffset;
+    // The item's own script style from its batch list, kept for the run and the save.
+    std::optional<bool> max2008;
+    std::optional<bool> instances;
 };
 
 // The "Process All" window as a model: one row for each row of the object
@@ -48,6 +52,8 @@ struct BatchForm {
     // The rows as the batch list last read or saved holds them, so that closing
     // can tell about changes that no file keeps yet.
     std::vector<BatchItem> keptItems;
+    // The style the batch list gives all its items, kept for the run and the save.
+    BatchStyle style;
 
     std::vector<std::unique_ptr<BatchRow>> rows;
     Label lblBatchFile;

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "forms/app.h"
+#include "forms/form_routines.h"
 #include "support/conversions.h"
 #include "support/failure.h"
 #include "support/files.h"
@@ -28,6 +29,48 @@ std::string Quoted(const std::string& value)
     const bool quoted = value.size() >= 2 && value.front() == value.back() &&
                         (value.front() == '"' || value.front() == '\'');
     return trimmed || quoted ? '"' + value + '"' : value;
+}
+
+// Style=classic|max2008 and Instances=1|0 (or true/false, yes/no), any case;
+// anything else is told as a problem and read as unset.
+struct StyleReader {
+    std::vector<std::string>& problems;
+    std::string named;
+
+    std::optional<bool> Style(const std::string& section, const std::string& value)
+    {
+        if (value.empty())
+            return std::nullopt;
+        if (EqualsIgnoringCase(value, kMax2008Style) || EqualsIgnoringCase(value, kClassicStyle))
+            return EqualsIgnoringCase(value, kMax2008Style);
+        problems.push_back(named + ": [" + section + "] has Style=" + value +
+                           "; it takes classic or max2008.");
+        return std::nullopt;
+    }
+
+    std::optional<bool> Instances(const std::string& section, const std::string& value)
+    {
+        if (value.empty())
+            return std::nullopt;
+        for (const char* yes : {"1", "true", "yes"})
+            if (EqualsIgnoringCase(value, yes))
+                return true;
+        for (const char* no : {"0", "false", "no"})
+            if (EqualsIgnoringCase(value, no))
+                return false;
+        problems.push_back(named + ": [" + section + "] has Instances=" + value +
+                           "; it takes 1 or 0.");
+        return std::nullopt;
+    }
+};
+
+void WriteStyle(std::vector<std::string>& lines, const std::optional<bool>& max2008,
+                const std::optional<bool>& instances)
+{
+    if (max2008)
+        lines.push_back(std::string("Style=") + (*max2008 ? kMax2008Style : kClassicStyle));
+    if (instances)
+        lines.push_back(std::string("Instances=") + (*instances ? "1" : "0"));
 }
 
 } // namespace
@@ -72,6 +115,9 @@ BatchListRead ReadBatchList(App& app, const std::string& file)
         return read;
     }
     read.readable = true;
+    StyleReader style{read.problems, named};
+    read.style.max2008 = style.Style("Batch", value("Batch", "Style"));
+    read.style.instances = style.Instances("Batch", value("Batch", "Instances"));
 
     for (int n = 1; n <= static_cast<int>(count); ++n) {
         const std::string section = "Item" + IntegerToText(n);
@@ -86,14 +132,18 @@ BatchListRead ReadBatchList(App& app, const std::string& file)
         if (std::string v = value(section, "VerticalOffset"); !v.empty())
             item.verticalOffset = v;
         item.process = value(section, "Process") != "0";
+        item.max2008 = style.Style(section, value(section, "Style"));
+        item.instances = style.Instances(section, value(section, "Instances"));
         read.items.push_back(std::move(item));
     }
     return read;
 }
 
-void WriteBatchList(App& app, const std::string& file, const std::vector<BatchItem>& items)
+void WriteBatchList(App& app, const std::string& file, const std::vector<BatchItem>& items,
+                    const BatchStyle& style)
 {
     std::vector<std::string> lines{"[Batch]", "Items=" + IntegerToText(std::ssize(items))};
+    WriteStyle(lines, style.max2008, style.instances);
     for (std::size_t i = 0; i < items.size(); ++i) {
         const BatchItem& item = items[i];
         lines.push_back("[Item" + IntegerToText(static_cast<long long>(i) + 1) + "]");
@@ -106,6 +156,7 @@ void WriteBatchList(App& app, const std::string& file, const std::vector<BatchIt
             lines.push_back("VerticalOffset=" + Quoted(*item.verticalOffset));
         if (!item.process)
             lines.push_back("Process=0");
+        WriteStyle(lines, item.max2008, item.instances);
     }
     app.profiles.FlushProfileFile(file);
     WriteLinesCrLf(file, lines);

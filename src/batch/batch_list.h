@@ -18,8 +18,20 @@ struct BatchItem {
     std::optional<std::string> verticalScale;
     std::optional<std::string> verticalOffset;
     bool process = true; // unchecked rows are kept in the list but not run
+    // None: the list's own value, else what the main form held.
+    std::optional<bool> max2008;
+    std::optional<bool> instances;
 
     bool operator==(const BatchItem&) const = default;
+};
+
+// The script style a batch list gives all its items ([Batch] Style= and
+// Instances=); an item may set its own.
+struct BatchStyle {
+    std::optional<bool> max2008;
+    std::optional<bool> instances;
+
+    bool operator==(const BatchStyle&) const = default;
 };
 
 // The keys of Select, MaxFile and ObjectName that the item lacks, in this
@@ -30,6 +42,7 @@ std::vector<std::string> MissingKeys(const BatchItem& item);
 // thing that was wrong with it (the file, an item, a key).
 struct BatchListRead {
     std::vector<BatchItem> items;
+    BatchStyle style;
     std::vector<std::string> problems;
     bool readable = false; // the file and its [Batch] Items count could be read
 };
@@ -45,6 +58,7 @@ BatchListRead ReadBatchList(App& app, const std::string& file);
 // Writes the items as a batch list (profile form, CR LF lines), replacing the
 // file. A value the reader would trim or unquote is written in quotes, so it
 // reads back as it was. Failures travel as Failure.
-void WriteBatchList(App& app, const std::string& file, const std::vector<BatchItem>& items);
+void WriteBatchList(App& app, const std::string& file, const std::vector<BatchItem>& items,
+                    const BatchStyle& style = {});
 
 } // namespace tos

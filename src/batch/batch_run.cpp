@@ -20,8 +20,16 @@ std::string RowAsListed(const App& app, const std::string& select)
     return select;
 }
 
-BatchItemReport RunItem(App& app, const BatchItem& item, const std::string& scale,
-                        const std::string& offset)
+// What the form held when the run started, for the values an item leaves unset.
+struct FormValues {
+    std::string scale;
+    std::string offset;
+    bool max2008 = false;
+    bool instances = false;
+};
+
+BatchItemReport RunItem(App& app, const BatchItem& item, const BatchStyle& style,
+                        const FormValues& start)
 {
     BatchItemReport report;
     report.select = item.select;
@@ -36,8 +44,11 @@ BatchItemReport RunItem(App& app, const BatchItem& item, const std::string& scal
     app.boxes.StartRecording();
     form.txtMaxFile.SetText(item.maxFile);
     form.txtMaxObjectName.SetText(item.objectName);
-    form.txtVerticalScale.SetText(item.verticalScale.value_or(scale));
-    form.txtVerticalOffset.SetText(item.verticalOffset.value_or(offset));
+    form.txtVerticalScale.SetText(item.verticalScale.value_or(start.scale));
+    form.txtVerticalOffset.SetText(item.verticalOffset.value_or(start.offset));
+    form.chkMax2008.SetValue(item.max2008.value_or(style.max2008.value_or(start.max2008)));
+    form.chkInstances.SetValue(
+        item.instances.value_or(style.instances.value_or(start.instances)));
     form.comboSelectObject.SetText(RowAsListed(app, item.select));
     form.btnProcess.Click.Fire();
     report.messages = app.boxes.StopRecording();
@@ -49,6 +60,7 @@ BatchItemReport RunItem(App& app, const BatchItem& item, const std::string& scal
     report.outcome = app.state.SaveToFile ? BatchOutcome::Written : BatchOutcome::Built;
     report.scriptFile = app.state.ScriptFileName;
     report.rows = form.List2.Rows().size();
+    report.findings = form.scriptFindings;
     return report;
 }
 
@@ -89,7 +101,8 @@ std::string JoinedScriptFile(const App& app)
            "All.ms";
 }
 
-BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const std::string& joinedFile)
+BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const BatchStyle& style,
+                     const std::string& joinedFile)
 {
     BatchReport report;
     MainForm& form = app.main;
@@ -97,15 +110,17 @@ BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const std::s
         report.messages.push_back(MessageBox{"Process All needs a loaded project."});
         return report;
     }
-    const std::string scale = form.txtVerticalScale.Text();
-    const std::string offset = form.txtVerticalOffset.Text();
+    const FormValues start{form.txtVerticalScale.Text(), form.txtVerticalOffset.Text(),
+                           form.chkMax2008.Checked(), form.chkInstances.Checked()};
     // Each item names its object itself; a name box left checked would overwrite it.
     form.chkUseTolvarineName.SetValue(0);
     form.chkUseMaxName.SetValue(0);
     for (const BatchItem& item : items)
-        report.items.push_back(RunItem(app, item, scale, offset));
-    form.txtVerticalScale.SetText(scale);
-    form.txtVerticalOffset.SetText(offset);
+        report.items.push_back(RunItem(app, item, style, start));
+    form.txtVerticalScale.SetText(start.scale);
+    form.txtVerticalOffset.SetText(start.offset);
+    form.chkMax2008.SetValue(start.max2008 ? 1 : 0);
+    form.chkInstances.SetValue(start.instances ? 1 : 0);
     if (app.state.SaveToFile)
         Join(app, report, joinedFile.empty() ? JoinedScriptFile(app) : joinedFile);
     return report;
@@ -158,6 +173,8 @@ std::vector<std::string> SummaryLines(const BatchReport& report)
         lines.push_back(ItemLine(item));
         for (const MessageBox& box : item.messages)
             lines.push_back("    " + MessageLine(box));
+        for (const ScriptFinding& finding : item.findings)
+            lines.push_back("    " + FindingText(finding));
     }
     for (const MessageBox& box : report.messages)
         lines.push_back(MessageLine(box));

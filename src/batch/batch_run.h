@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "batch/batch_list.h"
+#include "forms/script_findings.h"
 #include "support/platform.h"
 
 namespace tos {
@@ -26,6 +27,7 @@ struct BatchItemReport {
     std::size_t rows = 0;   // rows of the script, Built and Written only
     std::vector<std::string> missingKeys;
     std::vector<MessageBox> messages; // the boxes Process would have shown
+    std::vector<ScriptFinding> findings; // the check of the script, Built and Written only
 };
 
 struct BatchReport {
@@ -42,12 +44,12 @@ std::string JoinedScriptFile(const App& app);
 // name boxes once, then for each item puts its values into txtMaxFile,
 // txtMaxObjectName, the two vertical boxes and the text of comboSelectObject
 // (the row as the list writes it, when one matches ignoring case), each firing
-// its events, and presses Process. An item without vertical values
-// gets those the form held at the start, and the form gets them back at the
-// end. The message boxes are kept for the report, not shown. With Save To File
+// its events, ticks the two style boxes, and presses Process. An item without
+// vertical values or style gets those of the list's style, else those the form
+// held at the start, and the form gets them back at the end. The message boxes are kept for the report, not shown. With Save To File
 // checked, the scripts written are then joined as the combiner joins files into
 // joinedFile ("" for JoinedScriptFile).
-BatchReport RunBatch(App& app, const std::vector<BatchItem>& items,
+BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const BatchStyle& style = {},
                      const std::string& joinedFile = "");
 
 // "Tree: /p/Valley_Main_Tree.ms, 27 rows" and the like.
@@ -56,7 +58,7 @@ std::string ItemLine(const BatchItemReport& item);
 std::string MessageLine(const MessageBox& box);
 // "Joined: FILE, N scripts", or why nothing was joined.
 std::string JoinedLine(const BatchReport& report);
-// Each item with its boxes below it, the run's own boxes, then the join.
+// Each item with its boxes and the check's findings below it, the run's own boxes, then the join.
 std::vector<std::string> SummaryLines(const BatchReport& report);
 
 } // namespace tos

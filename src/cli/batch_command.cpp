@@ -38,9 +38,12 @@ int RunBatchCommand(const BatchOptions& options, CommandContext& context)
         return ExitStatus(platform);
 
     const BatchReport report =
-        RunBatch(app, read.items, options.combined ? AbsolutePath(*options.combined) : "");
+        RunBatch(app, read.items, read.style,
+                 options.combined ? AbsolutePath(*options.combined) : "");
     for (const BatchItemReport& item : report.items) {
         context.out << ItemLine(item) << '\n';
+        for (const ScriptFinding& finding : item.findings)
+            context.err << FindingLine(item.scriptFile, finding) << '\n';
         for (const MessageBox& box : item.messages)
             platform.ShowMessage(box);
     }

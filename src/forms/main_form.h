@@ -1,21 +1,12 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
 #include "forms/controls.h"
+#include "forms/script_findings.h"
 
 namespace tos {
-
-// A place in the last script that today's 3ds Max would misread or stop at.
-struct ScriptFinding {
-    std::size_t line = 0; // 1-based line of the script
-    std::string text;     // "3ds Max would stop at line 13: the name Big Tree needs quotes."
-    bool classic = false; // found in a script of the classic style, which the other style mends
-
-    bool operator==(const ScriptFinding&) const = default;
-};
 
 // The main window as a model: its controls hold the settings and, in seven
 // hidden sorted lists, the records of the loaded scene. Built in its first state.

@@ -15,16 +15,6 @@ namespace tos {
 // per script, at its first line.
 std::vector<ScriptFinding> CheckScript(const std::vector<std::string>& rows);
 
-// A finding as the window shows it: a classic script's finding ends with the
-// hint to tick the other style.
-std::string FindingText(const ScriptFinding& finding);
-
-// The one line under the script list: the first finding and how many follow.
-std::string CheckLine(const std::vector<ScriptFinding>& findings);
-
-// "FILE:LINE: text", as tos-cli prints a finding.
-std::string FindingLine(const std::string& file, const ScriptFinding& finding);
-
 // Checks the script the main form holds and shows the result under it.
 void CheckShownScript(MainForm& form);
 

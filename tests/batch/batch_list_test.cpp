@@ -22,13 +22,17 @@ TEST_F(BatchListTest, WritesTheProfileFormAndReadsEveryValueBack)
                 .objectName = "Pine01",
                 .verticalScale = "1.0",
                 .verticalOffset = "0.0",
-                .process = true};
+                .process = true,
+                .max2008 = {},
+                .instances = {}};
     items[1] = {.select = "* Option 2:  All Stock Single Bales",
                 .maxFile = "C:\\Models\\Bale.max",
                 .objectName = "Bale",
                 .verticalScale = {},
                 .verticalOffset = {},
-                .process = true};
+                .process = true,
+                .max2008 = {},
+                .instances = {}};
     const std::string file = dir.File("Valley.tosbatch");
     WriteBatchList(app, file, {items[0], items[1]});
     EXPECT_EQ(test::ReadBytes(file),
@@ -37,17 +41,23 @@ TEST_F(BatchListTest, WritesTheProfileFormAndReadsEveryValueBack)
               "Select=* Option 2:  All Stock Single Bales\r\nMaxFile=C:\\Models\\Bale.max\r\n"
               "ObjectName=Bale\r\n");
 
-    // Values the profile reader would trim or unquote, and a row not to be processed.
+    // Values the profile reader would trim or unquote, a row not to be processed, and
+    // script styles of the list and of items.
+    items[1].max2008 = true;
     items[2] = {.select = "Rock",
                 .maxFile = " D:\\with blank.max\t",
                 .objectName = "'quoted'",
                 .verticalScale = "\"2\"",
                 .verticalOffset = {},
-                .process = false};
-    WriteBatchList(app, file, items);
+                .process = false,
+                .max2008 = false,
+                .instances = true};
+    const BatchStyle style{.max2008 = true, .instances = false};
+    WriteBatchList(app, file, items, style);
     const BatchListRead read = ReadBatchList(app, file);
     EXPECT_TRUE(read.readable && read.problems.empty());
     EXPECT_EQ(read.items, items);
+    EXPECT_EQ(read.style, style);
 }
 
 TEST_F(BatchListTest, NamesTheFileTheItemAndTheKeyOfEachProblem)
@@ -69,7 +79,13 @@ TEST_F(BatchListTest, NamesTheFileTheItemAndTheKeyOfEachProblem)
                  "MaxFile=t.max\r\nObjectName=T\r\n",
          .problems = {f + ": [Item1] has no Select.", f + ": [Item1] has no ObjectName."},
          .items = 2},
-        {.text = "[Batch]\r\nItems=0\r\n", .problems = {}, .items = 0},
+        {.text = "[Batch]\r\nItems=0\r\nStyle=MAX2008\r\nInstances=Yes\r\n", .problems = {},
+         .items = 0},
+        {.text = "[Batch]\r\nItems=1\r\nStyle=2008\r\n[Item1]\r\nSelect=T\r\nMaxFile=t.max\r\n"
+                 "ObjectName=T\r\nInstances=maybe\r\n",
+         .problems = {f + ": [Batch] has Style=2008; it takes classic or max2008.",
+                      f + ": [Item1] has Instances=maybe; it takes 1 or 0."},
+         .items = 1},
     };
     // clang-format on
     for (const Case& c : cases) {

@@ -87,7 +87,10 @@ TEST(BatchWindowTest, TableFilledFromTheListEditedSavedAndReadBack)
             summary << list->index(i, 0).data().toString();
         const QString at = QString::fromStdString(dir.Path().string()) + "/Valley_Main_";
         EXPECT_EQ(summary,
-                  QStringList({"Barn: " + at + "Barn.ms, 27 rows", "Tree: no script, 1 message",
+                  QStringList({"Barn: " + at + "Barn.ms, 27 rows",
+                               "    3ds Max would stop at line 13: the name Red Barn needs "
+                               "quotes. Tick For 3ds Max 2008 and later.",
+                               "Tree: no script, 1 message",
                                "    TolvarineObjectScripter: Unexpected error in "
                                "BuildScript \\n\\n 75 - Path/File access error",
                                "Joined: " + at + "All.ms, 1 script"}));

@@ -80,6 +80,40 @@ TEST_F(FormEventsTest, MaxFileBrowseTakesOnlyAnExistingFile)
               "Select Max Object File|/opt/tos|MAX File (*.max)|*.max");
 }
 
+TEST_F(FormEventsTest, ScriptStyleIsRememberedAndInstancesCountOnlyWithIt)
+{
+    const std::string key = "Software\\Tolvarine Object Scripter";
+    const auto stored = [&](const char* value) { return platform.settings[{key, value}]; };
+    EXPECT_FALSE(f.chkMax2008.Checked() || f.chkInstances.Enabled()); // a fresh installation
+    f.chkMax2008.SetValue(1);
+    f.chkInstances.SetValue(1);
+    EXPECT_TRUE(f.chkInstances.Enabled());
+    EXPECT_EQ(stored("ScriptStyle") + "|" + stored("Instances"), "max2008|1");
+    f.chkMax2008.SetValue(0);
+    EXPECT_FALSE(f.chkInstances.Enabled());
+    EXPECT_EQ(stored("ScriptStyle") + "|" + stored("Instances"), "classic|1");
+
+    // clang-format off
+    const std::tuple<const char*, const char*, int, int> rows[] = {
+        // stored style  instances  chkMax2008  chkInstances
+        {"max2008",      "1",       1,          1},
+        {"MAX2008",      "0",       1,          0},
+        {"classic",      "1",       0,          1},
+        {"bogus",        "yes",     0,          0},
+    };
+    // clang-format on
+    for (const auto& [style, instances, max2008, instancesBox] : rows) {
+        test::FakePlatform next;
+        next.settings = {{{key, "ScriptStyle"}, style}, {{key, "Instances"}, instances}};
+        App restarted(next);
+        Main(restarted);
+        const MainForm& r = restarted.main;
+        EXPECT_EQ(std::tuple(r.chkMax2008.Value(), r.chkInstances.Value(), r.chkInstances.Enabled()),
+                  std::tuple(max2008, instancesBox, max2008 == 1))
+            << style;
+    }
+}
+
 TEST_F(FormEventsTest, HelpOpensThePageBesideTheProgramOrSaysWhyNot)
 {
     test::ScratchDir folder;

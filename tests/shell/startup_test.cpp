@@ -45,7 +45,7 @@ TEST(Startup, MainRunsItsStepsInOrderAndExitEndsTheRun)
     platform.programFolder = folder.Path().string();
     App& app = platform.Start();
     // Each form is placed as it loads; the catalogue speaks over the shown form.
-    EXPECT_EQ(platform.steps, "R R SM SM SMC SMC !MCV ");
+    EXPECT_EQ(platform.steps, "R R R R SM SM SMC SMC !MCV ");
     EXPECT_TRUE(app.main.chkSave.Checked() && app.state.SaveToFile && !app.compiler.visible);
     EXPECT_TRUE(platform.settings.empty()); // nothing is stored until a folder is chosen
 
