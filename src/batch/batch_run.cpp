@@ -47,8 +47,7 @@ BatchItemReport RunItem(App& app, const BatchItem& item, const BatchStyle& style
     form.txtVerticalScale.SetText(item.verticalScale.value_or(start.scale));
     form.txtVerticalOffset.SetText(item.verticalOffset.value_or(start.offset));
     form.chkMax2008.SetValue(item.max2008.value_or(style.max2008.value_or(start.max2008)));
-    form.chkInstances.SetValue(
-        item.instances.value_or(style.instances.value_or(start.instances)));
+    form.chkInstances.SetValue(item.instances.value_or(style.instances.value_or(start.instances)));
     form.comboSelectObject.SetText(RowAsListed(app, item.select));
     form.btnProcess.Click.Fire();
     report.messages = app.boxes.StopRecording();

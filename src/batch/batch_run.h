@@ -26,7 +26,7 @@ struct BatchItemReport {
     std::string scriptFile; // Built and Written only
     std::size_t rows = 0;   // rows of the script, Built and Written only
     std::vector<std::string> missingKeys;
-    std::vector<MessageBox> messages; // the boxes Process would have shown
+    std::vector<MessageBox> messages;    // the boxes Process would have shown
     std::vector<ScriptFinding> findings; // the check of the script, Built and Written only
 };
 
@@ -46,9 +46,9 @@ std::string JoinedScriptFile(const App& app);
 // (the row as the list writes it, when one matches ignoring case), each firing
 // its events, ticks the two style boxes, and presses Process. An item without
 // vertical values or style gets those of the list's style, else those the form
-// held at the start, and the form gets them back at the end. The message boxes are kept for the report, not shown. With Save To File
-// checked, the scripts written are then joined as the combiner joins files into
-// joinedFile ("" for JoinedScriptFile).
+// held at the start, and the form gets them back at the end. The message boxes are kept for the
+// report, not shown. With Save To File checked, the scripts written are then joined as the combiner
+// joins files into joinedFile ("" for JoinedScriptFile).
 BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const BatchStyle& style = {},
                      const std::string& joinedFile = "");
 

@@ -37,9 +37,8 @@ int RunBatchCommand(const BatchOptions& options, CommandContext& context)
     if (!read.readable)
         return ExitStatus(platform);
 
-    const BatchReport report =
-        RunBatch(app, read.items, read.style,
-                 options.combined ? AbsolutePath(*options.combined) : "");
+    const BatchReport report = RunBatch(app, read.items, read.style,
+                                        options.combined ? AbsolutePath(*options.combined) : "");
     for (const BatchItemReport& item : report.items) {
         context.out << ItemLine(item) << '\n';
         for (const ScriptFinding& finding : item.findings)

@@ -5,8 +5,8 @@
 
 #include "forms/app.h"
 #include "forms/form_routines.h"
-#include "support/conversions.h"
 #include "shell/startup.h"
+#include "support/conversions.h"
 #include "support/files.h"
 
 namespace tos::cli {

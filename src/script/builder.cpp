@@ -4,10 +4,10 @@
 #include <optional>
 #include <string>
 
+#include "forms/app.h"
 #include "orientation/angles.h"
 #include "orientation/tile_grid.h"
 #include "script/script_text.h"
-#include "forms/app.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"
@@ -58,8 +58,7 @@ public:
                                 form_.chkMax2008.Checked() && form_.chkInstances.Checked()};
         text_ = MakeScriptText(form_.List2, form_.txtMaxObjectName.Text(), style);
 
-        text_->Head(GetFileName(app_.platform, app_.state.ScriptFileName),
-                    form_.txtMaxFile.Text());
+        text_->Head(GetFileName(app_.platform, app_.state.ScriptFileName), form_.txtMaxFile.Text());
         PlaceAll();
         TurnFirstObject();
         text_->End();

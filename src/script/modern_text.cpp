@@ -16,8 +16,8 @@ namespace {
 class ModernText : public ScriptText {
 public:
     ModernText(ListBox& script, std::string_view object, bool instances)
-        : script_(script), object_(object), make_(instances ? "c = instance first name:"
-                                                            : "c = copy first name:"),
+        : script_(script), object_(object),
+          make_(instances ? "c = instance first name:" : "c = copy first name:"),
           instances_(instances)
     {
     }
@@ -106,8 +106,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<ScriptText> MakeModernText(ListBox& script, std::string_view object,
-                                           bool instances)
+std::unique_ptr<ScriptText> MakeModernText(ListBox& script, std::string_view object, bool instances)
 {
     return std::make_unique<ModernText>(script, object, instances);
 }

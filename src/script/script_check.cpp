@@ -23,9 +23,9 @@ constexpr std::string_view kModernPath = "local maxFile = ";
 constexpr std::string_view kModernName = "local objectName = ";
 
 // Names that $ reads as a set of objects rather than as one object.
-constexpr std::array<std::string_view, 9> kObjectSets{
-    "OBJECTS", "GEOMETRY", "LIGHTS", "CAMERAS", "HELPERS",
-    "SHAPES",  "SYSTEMS",  "SPACEWARPS", "SELECTION"};
+constexpr std::array<std::string_view, 9> kObjectSets{"OBJECTS", "GEOMETRY",   "LIGHTS",
+                                                      "CAMERAS", "HELPERS",    "SHAPES",
+                                                      "SYSTEMS", "SPACEWARPS", "SELECTION"};
 
 bool StartsWith(std::string_view text, std::string_view prefix)
 {
@@ -39,9 +39,9 @@ bool IsNameCharacter(char c)
     const auto u = static_cast<unsigned char>(c);
     if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_')
         return true;
-    return u >= 0x80 && (UpperCase(std::string(1, c)) != std::string(1, c) ||
-                         u == 0x8A || u == 0x8C || u == 0x8E || u == 0x9F ||
-                         (u >= 0xC0 && u <= 0xDE && u != 0xD7));
+    return u >= 0x80 &&
+           (UpperCase(std::string(1, c)) != std::string(1, c) || u == 0x8A || u == 0x8C ||
+            u == 0x8E || u == 0x9F || (u >= 0xC0 && u <= 0xDE && u != 0xD7));
 }
 
 // The name a classic row puts behind $, or nullopt for a row that holds none.
@@ -76,8 +76,7 @@ public:
     {
         Add(line, kind, "3ds Max would stop at line " + Number(line) + ": " + text, classic);
     }
-    void Misread(std::size_t line, const std::string& kind, const std::string& text,
-                 bool classic)
+    void Misread(std::size_t line, const std::string& kind, const std::string& text, bool classic)
     {
         Add(line, kind, "3ds Max would misread line " + Number(line) + ": " + text, classic);
     }
@@ -126,8 +125,7 @@ void CheckName(Findings& findings, std::size_t line, std::string_view name)
     for (std::string_view set : kObjectSets)
         if (UpperCase(shown) == set)
             findings.Misread(line, "set",
-                             "$" + shown + " means a set of objects, not the object " + shown +
-                                 ".",
+                             "$" + shown + " means a set of objects, not the object " + shown + ".",
                              true);
 }
 
@@ -158,18 +156,23 @@ std::string EscapeMeaning(char c)
 void CheckClassicPath(Findings& findings, std::size_t line, std::string_view row)
 {
     std::string_view path = row.substr(kMerge.size());
-    if (path.size() >= kMergeEnd.size() &&
-        path.substr(path.size() - kMergeEnd.size()) == kMergeEnd)
+    if (path.size() >= kMergeEnd.size() && path.substr(path.size() - kMergeEnd.size()) == kMergeEnd)
         path.remove_suffix(kMergeEnd.size());
     const std::string shown(path);
     if (path.find('"') != std::string_view::npos) {
-        findings.Stop(line, "path", "the path " + shown + " holds a double quote, which ends the "
-                                    "string early.", true);
+        findings.Stop(line, "path",
+                      "the path " + shown +
+                          " holds a double quote, which ends the "
+                          "string early.",
+                      true);
         return;
     }
     if (StartsWith(path, "\\\\")) {
-        findings.Misread(line, "path", "the path " + shown + " starts with \\\\, which a string "
-                                       "reads as one backslash.", true);
+        findings.Misread(line, "path",
+                         "the path " + shown +
+                             " starts with \\\\, which a string "
+                             "reads as one backslash.",
+                         true);
         return;
     }
     const LiteralRead read = ReadStringLiteral(row, kMerge.size() - 1);

@@ -22,8 +22,7 @@ std::string ScaleValue(double factor);
 std::string CopyName(std::string_view object, Int16 copyNumber);
 
 // Calls row(angle, axis) for each turn whose flag is set, in the order Z, Y, X.
-template <typename RowFor>
-void ForEachTurn(const Turns& turns, RowFor row)
+template <typename RowFor> void ForEachTurn(const Turns& turns, RowFor row)
 {
     if (turns.rotateZ)
         row(turns.angleZ, "[0,0,1]");

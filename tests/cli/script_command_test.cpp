@@ -52,6 +52,90 @@ TEST(ScriptCommand, BuildsAsTheWindowWould)
     }
 }
 
+TEST(ScriptCommand, StyleOptionsAndTheCheck)
+{
+    ScratchDir dir;
+    dir.Write("Valley.scn", ReadBytes(kCase + "Valley.scn"));
+    const std::string project = dir.Write("Valley.prj", "");
+    const std::string data = std::string(TOS_TEST_DATA_DIR) + "/script/";
+    const std::string script = dir.File("Valley_Main_Pine.ms");
+    struct Case {
+        std::vector<std::string> options;
+        int status;
+        std::string golden; // the saved script's case folder; "" for none
+        std::string err;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {{"--style", "max2008", "--instances", "--max-object", "Tree"}, 0, "valley_instances", ""},
+        {{"--style", "MAX2008", "--max-object", "Big \"Tree", "--max-file", "\\\\NAS\\Models\\Tree.max",
+          "--check"}, 0, "valley_max2008", ""},
+        {{"--max-object", "Tree", "--check"}, 0, "valley_example", ""},
+        {{"--max-object", "Big Tree", "--no-save", "--check"}, 0, "",
+         script + ":13: 3ds Max would stop at line 13: the name Big Tree needs quotes. "
+                  "Use --style max2008.\n"},
+        {{"--max-object", "Tree", "--instances"}, 2, "", ""},
+        {{"--max-object", "Tree", "--style", "max2009"}, 2, "", ""},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(c.options));
+        std::vector<const char*> argv{
+            "tos-cli",           "script", project.c_str(),    "Pine",
+            "--object-scale",    "50",     "--vertical-scale", "1.5",
+            "--vertical-offset", "2.0",    "--max-file",       "C:\\Models\\Tree.max"};
+        for (const std::string& o : c.options)
+            argv.push_back(o.c_str());
+        std::filesystem::remove(script);
+        std::ostringstream out, err;
+        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()), c.status);
+        EXPECT_EQ(ReadBytes(script),
+                  c.golden.empty() ? "" : ReadBytes(data + c.golden + "/Valley_Main_Pine.ms"));
+        if (c.status != 2) { // a usage error's text is the parser's
+            EXPECT_EQ(err.str(), c.err);
+        }
+    }
+}
+
+TEST(CheckCommand, TellsEachFindingOfEachFileAndExitsOneWhenAny)
+{
+    ScratchDir dir;
+    const std::string data = std::string(TOS_TEST_DATA_DIR) + "/script/";
+    const std::string clean =
+        dir.Write("clean.ms", ReadBytes(data + "valley_max2008/Valley_Main_Pine.ms"));
+    // Lines that end in LF alone count as lines too.
+    const std::string bad =
+        dir.Write("bad.ms", "-- x\n\n$Big Tree.pos = [0,0,0]\r\n"
+                            "mergeMAXFile \"\\\\NAS\\T.MAX\" #mergeDups #select #noredraw");
+    const std::string missing = dir.File("missing.ms");
+    struct Case {
+        std::vector<std::string> files;
+        int status;
+        std::string out;
+    };
+    const Case cases[] = {
+        {{clean}, 0, ""},
+        {{clean, bad},
+         1,
+         bad +
+             ":3: 3ds Max would stop at line 3: the name Big Tree needs quotes. Use --style "
+             "max2008.\n" +
+             bad +
+             ":4: 3ds Max would misread line 4: the path \\\\NAS\\T.MAX starts with \\\\, "
+             "which a string reads as one backslash. Use --style max2008.\n"},
+        {{bad, missing}, 2, ""},
+    };
+    for (const Case& c : cases) {
+        std::vector<const char*> argv{"tos-cli", "check"};
+        for (const std::string& f : c.files)
+            argv.push_back(f.c_str());
+        std::ostringstream out, err;
+        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()), c.status);
+        EXPECT_EQ(out.str(), c.out);
+        EXPECT_EQ(err.str().empty(), c.status != 2);
+    }
+}
+
 // 12,000 copies of one object, each turned about all three axes: a script far
 // longer than a 16-bit row index reaches, printed and saved whole.
 TEST(ScriptCommand, WritesAForestPast32767RowsWhole)

@@ -32,6 +32,8 @@ struct Golden {
     const char* fileName;
     const char* shownObjectScale; // after the build; "" where the box keeps its text
     const char* shownGridSize;
+    int max2008 = 0; // the style boxes
+    int instances = 0;
 };
 
 constexpr auto kObjects = &MainForm::lstSCNdata2;
@@ -47,6 +49,8 @@ const Golden kCases[] = {
     {"copies_past_99",  BuildScript,     kObjects, "Post", 1, "3.0", "5",   1, "100",         "768",  "1.0", "0.0",  "C:\\Models\\Tree.max",  "Post", "Valley_Main_Post.ms", "",          "768"},
     {"no_match",        BuildScript,     kObjects, "pine", 1, "3.0", "5",   1, "100",         "768",  "1.0", "0.0",  "C:\\Models\\Tree.max",  "Tree", "Valley_Main_pine.ms", "",          "768"},
     {"scale_above_100", BuildScript,     kObjects, "Pine", 1, "3.0", "5",   1, "100.0000001", "768",  "1.0", "0.0",  "C:\\Models\\Tree.max",  "Tree", "Valley_Main_Pine.ms", "",          "768"},
+    {"valley_max2008",  BuildScript,     kObjects, "Pine", 1, "3.0", "5",   1, "50",          "768",  "1.5", "2.0",  "\\\\NAS\\Models\\Tree.max", "Big \"Tree", "Valley_Main_Pine.ms", "", "384", 1, 0},
+    {"valley_instances", BuildScript,    kObjects, "Pine", 1, "3.0", "5",   1, "50",          "768",  "1.5", "2.0",  "C:\\Models\\Tree.max",  "Tree", "Valley_Main_Pine.ms", "",          "384", 1, 1},
     {"stock_bales",     BuildBaleScript, kBales,   "* Option 2:  All Stock Single Bales", 0, "3.0", "5", 1, "100", "768", "1.0", "0.0",
                         "C:\\Stock\\Bale.max", "* Option 2:  All Stock Single Bales", "Valley_Per_Bales.ms", "", "768"},
 };
@@ -71,6 +75,8 @@ TEST(BuildScript, WritesTheExpectedScriptByteForByte)
         form.txtVerticalOffset.SetText(g.verticalOffset);
         form.txtMaxFile.SetText(g.maxFile);
         form.txtMaxObjectName.SetText(g.object);
+        form.chkMax2008.SetValue(g.max2008);
+        form.chkInstances.SetValue(g.instances);
 
         g.build(f.app);
 

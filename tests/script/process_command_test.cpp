@@ -71,6 +71,33 @@ TEST(ProcessCommand, ChecksTheFormThenRunsTheBuilderOfTheSelection)
     }
 }
 
+TEST(ProcessCommand, TellsUnderTheScriptWhatTodays3dsMaxWouldMisreadNeverInABox)
+{
+    BuildFixture f;
+    Loaded(f);
+    MainForm& form = f.app.main;
+    const std::string found = "3ds Max would stop at line 13: the name Big Tree needs quotes. "
+                              "Tick For 3ds Max 2008 and later.";
+    // clang-format off
+    const std::tuple<const char*, const char*, int, std::string> steps[] = {
+        // object     selection  max2008  the line under the script
+        {"Big Tree",  "Tree",    0,       found},
+        {"Big Tree",  "Oak",     0,       found}, // refused before a build: the line stays
+        {"Big Tree",  "Tree",    1,       ""},
+        {"Tree",      "Tree",    0,       ""},
+    };
+    // clang-format on
+    for (const auto& [object, selection, max2008, line] : steps) {
+        form.txtMaxFile.SetText("t.max");
+        form.txtMaxObjectName.SetText(object);
+        form.comboSelectObject.SetText(selection);
+        form.chkMax2008.SetValue(max2008);
+        form.btnProcess.Click.Fire();
+        EXPECT_EQ(form.lblScriptCheck.Caption(), line) << object << max2008;
+    }
+    EXPECT_EQ(f.platform.Texts(), Strings{"Please select only from the Object List"});
+}
+
 TEST(ObjectNameModes, TheNameFollowsTheRulingBox)
 {
     // Steps: "T+" / "T-" checks or unchecks chkUseTolvarineName, "M+" / "M-" the

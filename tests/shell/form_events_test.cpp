@@ -108,8 +108,9 @@ TEST_F(FormEventsTest, ScriptStyleIsRememberedAndInstancesCountOnlyWithIt)
         App restarted(next);
         Main(restarted);
         const MainForm& r = restarted.main;
-        EXPECT_EQ(std::tuple(r.chkMax2008.Value(), r.chkInstances.Value(), r.chkInstances.Enabled()),
-                  std::tuple(max2008, instancesBox, max2008 == 1))
+        EXPECT_EQ(
+            std::tuple(r.chkMax2008.Value(), r.chkInstances.Value(), r.chkInstances.Enabled()),
+            std::tuple(max2008, instancesBox, max2008 == 1))
             << style;
     }
 }
