@@ -35,7 +35,7 @@ seed_lines "$seeds/fuzz_elements" '\x01\x00\x00' $scenes
 printf 'C:\\x\\a.b.SLT\x00\x00\x00' >"$seeds/fuzz_elements/path"
 printf 'Tree_KV_Oak|001|002\x01\x00\x00' >"$seeds/fuzz_elements/row"
 
-mkdir -p "$seeds/fuzz_profile" "$seeds/fuzz_load" "$seeds/fuzz_combiner"
+mkdir -p "$seeds/fuzz_profile" "$seeds/fuzz_load" "$seeds/fuzz_combiner" "$seeds/fuzz_script_check"
 n=0
 for scene in $scenes; do
   n=$((n + 1))
@@ -50,11 +50,13 @@ n=0
 for script in $scripts; do
   n=$((n + 1))
   cp "$script" "$seeds/fuzz_combiner/script$n"
+  tr -d '\r' <"$script" >"$seeds/fuzz_script_check/script$n"
 done
+printf 'Big "Tree\n\\\\NAS\\%%x%%\\t.max\n' >"$seeds/fuzz_script_check/names"
 
 declare -A max_len=(
   [fuzz_conversions]=256 [fuzz_elements]=1024 [fuzz_profile]=16384
-  [fuzz_load]=16384 [fuzz_combiner]=16384
+  [fuzz_load]=16384 [fuzz_combiner]=16384 [fuzz_script_check]=8192
 )
 status=0
 for program in "$build_dir"/fuzz/fuzz_*; do
