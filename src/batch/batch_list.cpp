@@ -159,7 +159,7 @@ void WriteBatchList(App& app, const std::string& file, const std::vector<BatchIt
         WriteStyle(lines, item.max2008, item.instances);
     }
     app.profiles.FlushProfileFile(file);
-    WriteLinesCrLf(file, lines);
+    ReplaceFileAtomically(file, CrLfText(lines));
     // The next read must see the new content, not a copy taken within the last moment.
     app.profiles.FlushProfileFile(file);
 }

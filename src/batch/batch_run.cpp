@@ -5,6 +5,8 @@
 #include "combiner/script_combiner.h"
 #include "forms/app.h"
 #include "support/conversions.h"
+#include "support/failure.h"
+#include "support/files.h"
 
 namespace tos {
 
@@ -63,33 +65,45 @@ BatchItemReport RunItem(App& app, const BatchItem& item, const BatchStyle& style
     return report;
 }
 
-void Join(App& app, BatchReport& report, const std::string& joined)
+std::string FailureText(const Failure& failure)
 {
-    std::vector<std::string> scripts;
+    return failure.Description() + " (" + IntegerToText(failure.Number()) + ")";
+}
+
+// Joins the scripts written, as the combiner joins files, into one file that is
+// written whole or not at all; the Combine Scripts window's list is not touched.
+void Join(BatchReport& report, const std::string& joined)
+{
+    std::vector<const BatchItemReport*> written;
     for (const BatchItemReport& item : report.items)
         if (item.outcome == BatchOutcome::Written)
-            scripts.push_back(item.scriptFile);
-    if (scripts.empty())
+            written.push_back(&item);
+    if (written.empty())
         return;
-    if (std::find(scripts.begin(), scripts.end(), joined) != scripts.end()) {
+    // File names are compared as the file systems of our users compare them.
+    for (const BatchItemReport* item : written)
+        if (EqualsIgnoringCase(item->scriptFile, joined)) {
+            report.messages.push_back(MessageBox{"The joined script " + joined +
+                                                 " would replace the script of " + item->select +
+                                                 "; nothing was joined."});
+            return;
+        }
+    ListBox lines("lstJoined", false, RowLimit::None);
+    for (const BatchItemReport* item : written)
+        if (auto failure = Trap([&] { AppendScriptFile(lines, item->scriptFile); })) {
+            report.messages.push_back(MessageBox{
+                "The joined script was not written: the script of " + item->select + ", " +
+                item->scriptFile + ", could not be read: " + FailureText(*failure) + "."});
+            return;
+        }
+    if (auto failure = Trap([&] { ReplaceFileAtomically(joined, CrLfText(lines.Rows())); })) {
         report.messages.push_back(MessageBox{"The joined script " + joined +
-                                             " would replace a script of this run; nothing "
-                                             "was joined."});
+                                             " could not be written: " + FailureText(*failure) +
+                                             "; a former file of that name is as it was."});
         return;
     }
-    ListBox& lines = app.compiler.lstMaxScripts;
-    app.boxes.StartRecording();
-    lines.Clear();
-    for (const std::string& script : scripts)
-        AddScriptFile(app, script);
-    SaveCombinedScript(app, joined);
-    lines.Clear();
-    std::vector<MessageBox> boxes = app.boxes.StopRecording();
-    if (boxes.empty()) {
-        report.joinedFile = joined;
-        report.joinedScripts = scripts.size();
-    }
-    report.messages.insert(report.messages.end(), boxes.begin(), boxes.end());
+    report.joinedFile = joined;
+    report.joinedScripts = written.size();
 }
 
 } // namespace
@@ -121,7 +135,7 @@ BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const BatchS
     form.chkMax2008.SetValue(start.max2008 ? 1 : 0);
     form.chkInstances.SetValue(start.instances ? 1 : 0);
     if (app.state.SaveToFile)
-        Join(app, report, joinedFile.empty() ? JoinedScriptFile(app) : joinedFile);
+        Join(report, joinedFile.empty() ? JoinedScriptFile(app) : joinedFile);
     return report;
 }
 

@@ -1,7 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <memory>
 #include <ostream>
 #include <sstream>
@@ -11,6 +8,8 @@
 #include "forms/app.h"
 #include "map/scene_map.h"
 #include "map/svg_writer.h"
+#include "support/failure.h"
+#include "support/files.h"
 
 namespace tos::cli {
 
@@ -22,8 +21,8 @@ struct MapOptions {
     std::string output;
 };
 
-// The whole picture is made before the file is opened, so a failed write
-// leaves no half-written picture behind a good status.
+// The whole picture is made first and replaces the file in one step, so a failed
+// write leaves the former picture whole.
 int RunMap(const MapOptions& options, CommandContext& context)
 {
     CliPlatform platform(context);
@@ -35,12 +34,9 @@ int RunMap(const MapOptions& options, CommandContext& context)
     std::ostringstream svg;
     WriteSvg(map, svg);
 
-    std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
-    file << svg.str();
-    file.close();
-    if (!file) {
-        context.err << "tos-cli: cannot write " << options.output << ": " << std::strerror(errno)
-                    << '\n';
+    if (auto failure = Trap([&] { ReplaceFileAtomically(options.output, svg.str()); })) {
+        context.err << "tos-cli: cannot write " << options.output << ": " << failure->Description()
+                    << " (" << failure->Number() << ")\n";
         return kExitMessages;
     }
     context.out << options.output << ": " << map.models.size() << " models, "

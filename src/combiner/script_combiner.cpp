@@ -60,16 +60,20 @@ void btnAddFile_Click(App& app)
         AddScriptFile(app, path);
 }
 
+void AppendScriptFile(ListBox& list, const std::string& path)
+{
+    // The file is read whole and closed before the first row is added.
+    AddScriptLines(list, ReadWholeFile(path));
+    list.AddItem("");
+    list.AddItem("");
+}
+
 void AddScriptFile(App& app, const std::string& path)
 {
     auto failure = Trap([&] {
         app.SetMousePointer(FormId::Compiler, kPointerHourglass);
         app.profiles.FlushProfileFile(path);
-        // The file is read whole and closed before the first row is added.
-        ListBox& list = app.compiler.lstMaxScripts;
-        AddScriptLines(list, ReadWholeFile(path));
-        list.AddItem("");
-        list.AddItem("");
+        AppendScriptFile(app.compiler.lstMaxScripts, path);
     });
     if (failure)
         app.Message(TrapMessageLines("btnAddFile", *failure));

@@ -5,6 +5,7 @@
 namespace tos {
 
 struct App;
+class ListBox;
 
 // The main form's button: empties the list and shows the combiner modally.
 void btnRunScriptCompiler_Click(App& app);
@@ -16,6 +17,10 @@ void CompilerForm_Load(App& app);
 void btnAddFile_Click(App& app);
 // The same for a script already chosen; a failure shows btnAddFile's message.
 void AddScriptFile(App& app, const std::string& path);
+
+// Appends the lines of a script file and two empty rows to a list, as Add File
+// does; a failure travels as Failure and leaves the rows added so far.
+void AppendScriptFile(ListBox& list, const std::string& path);
 
 // Writes every row of the list, each with CR LF, to a chosen file.
 void btnSaveAs_Click(App& app);

@@ -40,7 +40,7 @@ void WriteSceneMapFile(App& app, const std::string& path)
         lines.emplace_back(rest.substr(0, end));
         rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
     }
-    WriteLinesCrLf(path, lines);
+    ReplaceFileAtomically(path, CrLfText(lines));
 }
 
 void OpenSceneMapFile(App& app)

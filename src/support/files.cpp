@@ -25,6 +25,18 @@ bool WriteRowsCrLf(const std::vector<std::string>& rows,
     return write(pending);
 }
 
+std::string CrLfText(const std::vector<std::string>& rows)
+{
+    std::size_t size = 0;
+    for (const auto& row : rows)
+        size += row.size() + 2;
+    std::string text;
+    text.reserve(size);
+    for (const auto& row : rows)
+        text.append(row).append("\r\n");
+    return text;
+}
+
 void RefuseNulInName(const std::string& path)
 {
     if (path.find('\0') != std::string::npos)

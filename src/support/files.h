@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tos {
@@ -31,6 +32,15 @@ std::string ReadWholeFile(const std::string& path);
 // Replaces the file with the rows, each followed by CR LF. A failure leaves what
 // was written so far; the file is always closed.
 void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& rows);
+
+// Replaces the file with the bytes so that it is either wholly old or wholly new:
+// the bytes go to a new file in the same folder, which then takes the old one's
+// place. On a failure the old file is left whole and the new one removed. A
+// read-only file, a folder and a device are no file to replace (75).
+void ReplaceFileAtomically(const std::string& path, std::string_view bytes);
+
+// The rows, each followed by CR LF, as one text.
+std::string CrLfText(const std::vector<std::string>& rows);
 
 // The folder of an absolute path as the platform writes a current directory:
 // no trailing separator except for the root.

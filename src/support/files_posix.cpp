@@ -1,6 +1,8 @@
 #include "support/files.h"
 
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <fcntl.h>
 #include <string_view>
 #include <sys/stat.h>
@@ -20,21 +22,28 @@ enum class FileAccess { Read, Write };
 int FileFailureNumber(int errnoValue, FileAccess access)
 {
     switch (errnoValue) {
-    case ENOENT: return access == FileAccess::Read ? err::FileNotFound : err::PathNotFound;
-    case ENOTDIR: return err::PathNotFound;
+    case ENOENT:
+        return access == FileAccess::Read ? err::FileNotFound : err::PathNotFound;
+    case ENOTDIR:
+        return err::PathNotFound;
     case ETXTBSY:
-    case EBUSY: return err::PermissionDenied;
+    case EBUSY:
+        return err::PermissionDenied;
     case ENOSPC:
 #ifdef EDQUOT
     case EDQUOT:
 #endif
         return err::DiskFull;
-    case EIO: return err::DeviceIO;
+    case EIO:
+        return err::DeviceIO;
     case ENAMETOOLONG:
     case EILSEQ:
-    case EINVAL: return err::BadFileName;
-    case ENOMEM: return err::OutOfMemory;
-    default: return err::PathFileAccess; // read-only, a folder, no permission, any other
+    case EINVAL:
+        return err::BadFileName;
+    case ENOMEM:
+        return err::OutOfMemory;
+    default:
+        return err::PathFileAccess; // read-only, a folder, no permission, any other
     }
 }
 
@@ -112,6 +121,32 @@ std::string StampText(const struct stat& st)
            std::to_string(static_cast<long long>(st.st_size));
 }
 
+// Fails 75 when the folder of path has no write permission bit.
+void RefuseClosedFolder(const std::string& path)
+{
+    const std::string folder = FolderOfPath(path);
+    struct stat fs {};
+    if (!folder.empty() && ::stat(folder.c_str(), &fs) == 0 && S_ISDIR(fs.st_mode) &&
+        (fs.st_mode & 0222) == 0)
+        Fail(err::PathFileAccess);
+}
+
+// Fails 75 for a target that is a folder, a device or a pipe, or read-only, and for a
+// new file in a folder without any write permission bit (the super-user may write
+// anywhere, so the writer keeps to what the bits say).
+void RefuseUnwritable(const std::string& path)
+{
+    struct stat st {};
+    if (::stat(path.c_str(), &st) == 0) {
+        if (!S_ISREG(st.st_mode) || (st.st_mode & 0222) == 0)
+            Fail(err::PathFileAccess);
+        return;
+    }
+    if (errno != ENOENT)
+        Fail(FileFailureNumber(errno, FileAccess::Write));
+    RefuseClosedFolder(path);
+}
+
 } // namespace
 
 bool FileExists(const std::string& path)
@@ -171,11 +206,7 @@ void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& row
         if (S_ISDIR(st.st_mode) || (st.st_mode & 0222) == 0)
             Fail(err::PathFileAccess);
     } else if (errno == ENOENT) {
-        const std::string folder = FolderOfPath(path);
-        struct stat fs {};
-        if (!folder.empty() && ::stat(folder.c_str(), &fs) == 0 && S_ISDIR(fs.st_mode) &&
-            (fs.st_mode & 0222) == 0)
-            Fail(err::PathFileAccess);
+        RefuseUnwritable(path);
     }
 
     // Without O_NONBLOCK a pipe would wait for a reader for ever; files are not affected.
@@ -187,6 +218,42 @@ void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& row
     const auto write = [&](std::string_view bytes) { return WriteAll(file.get(), bytes); };
     if (!WriteRowsCrLf(rows, write) || !file.Close())
         Fail(FileFailureNumber(errno, FileAccess::Write));
+}
+
+void ReplaceFileAtomically(const std::string& named, std::string_view bytes)
+{
+    RefuseNulInName(named);
+    // A link keeps pointing at the file it names: the file is replaced, not the link.
+    char resolved[PATH_MAX];
+    const std::string path = ::realpath(named.c_str(), resolved) ? resolved : named;
+    RefuseUnwritable(path);
+    // The new file is made in the same folder, so that folder must take it.
+    RefuseClosedFolder(path);
+
+    struct stat old {};
+    const bool existed = ::stat(path.c_str(), &old) == 0;
+    std::string temp = path + ".XXXXXX";
+    FileHandle file(::mkstemp(temp.data()));
+    if (file.get() < 0)
+        Fail(FileFailureNumber(errno, FileAccess::Write));
+    const auto fail = [&](int number) {
+        ::unlink(temp.c_str());
+        Fail(number);
+    };
+    // The new file gets the old one's permissions, or those a plain new file would get.
+    mode_t mode = 0;
+    if (existed) {
+        mode = old.st_mode & 07777;
+    } else {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        mode = 0666 & ~mask;
+    }
+    if (::fchmod(file.get(), mode) != 0 || !WriteAll(file.get(), bytes) ||
+        ::fsync(file.get()) != 0 || !file.Close())
+        fail(FileFailureNumber(errno, FileAccess::Write));
+    if (::rename(temp.c_str(), path.c_str()) != 0)
+        fail(FileFailureNumber(errno, FileAccess::Write));
 }
 
 } // namespace tos

@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <string>
 #include <string_view>
 
 #include "support/crlf_rows.h"
@@ -166,6 +167,35 @@ void WriteLinesCrLf(const std::string& path, const std::vector<std::string>& row
     const auto write = [&](std::string_view bytes) { return WriteAll(file.get(), bytes); };
     if (!WriteRowsCrLf(rows, write) || !file.Close())
         FailWithLastError(FileAccess::Write);
+}
+
+void ReplaceFileAtomically(const std::string& path, std::string_view bytes)
+{
+    RefuseNulInName(path);
+    // A read-only file, a folder and a device are left as they are.
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES &&
+        (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DEVICE)))
+        Fail(err::PathFileAccess);
+
+    const std::string temp = path + "." + std::to_string(GetCurrentProcessId()) + ".tmp";
+    {
+        FileHandle file(CreateFileA(temp.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (file.get() == INVALID_HANDLE_VALUE)
+            FailWithLastError(FileAccess::Write);
+        if (!WriteAll(file.get(), bytes) || !FlushFileBuffers(file.get()) || !file.Close()) {
+            const DWORD error = GetLastError();
+            DeleteFileA(temp.c_str());
+            Fail(FileFailureNumber(error, FileAccess::Write));
+        }
+    }
+    if (!MoveFileExA(temp.c_str(), path.c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+        const DWORD error = GetLastError();
+        DeleteFileA(temp.c_str());
+        Fail(FileFailureNumber(error, FileAccess::Write));
+    }
 }
 
 } // namespace tos

@@ -142,6 +142,17 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
          .options = {"--combined", "@joined.ms"}, .status = 0,
          .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nJoined: @joined.ms, 1 script\n",
          .error = "", .scripts = 2},
+        // The joined file is written whole or not at all, and never over a script of the
+        // run, whatever the letter case.
+        {.name = "joined over a script", .list = "[Batch]\r\nItems=1\r\n" + tree,
+         .options = {"--combined", "@valley_main_TREE.ms"}, .status = 1,
+         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nNothing joined.\n",
+         .error = "The joined script @valley_main_TREE.ms would replace the script of Tree; "
+                  "nothing was joined.", .scripts = 1},
+        {.name = "joined into a missing folder", .list = "[Batch]\r\nItems=1\r\n" + tree,
+         .options = {"--combined", "@none/j.ms"}, .status = 1,
+         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nNothing joined.\n",
+         .error = "could not be written: Path not found (76)", .scripts = 1},
         {.name = "styles of the list and of an item",
          .list = "[Batch]\r\nItems=2\r\nStyle=max2008\r\n" + tree +
                  "[Item2]\r\nSelect=Barn\r\nMaxFile=B.max\r\nObjectName=Red Barn\r\nStyle=classic\r\n",

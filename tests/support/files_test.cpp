@@ -44,6 +44,36 @@ TEST(Files, FailureNumbersAUserMeets)
     EXPECT_FALSE(FileExists(nul));
 }
 
+// A file replaced whole or not at all: on a failure the old content stays and no
+// other file is left in the folder.
+TEST(Files, ReplacesAFileWholeOrLeavesItAsItWas)
+{
+    test::ScratchDir dir;
+    const std::string locked = dir.Write("locked.tosbatch", "old");
+    std::filesystem::permissions(locked, std::filesystem::perms(0444));
+    std::filesystem::create_directory(dir.File("folder"));
+    // clang-format off
+    const struct { const char* what; std::string path; int failure; std::string after; } cases[] = {
+        {"a new file",           dir.File("new.svg"),          0,  "new\r\n"},
+        {"over an older one",    dir.Write("old.svg", "older"), 0, "new\r\n"},
+        {"a read-only file",     locked,                        75, "old"},
+        {"a folder",             dir.File("folder"),            75, ""},
+        {"in a missing folder",  dir.File("none/a.svg"),        76, ""},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        const auto failure = Trap([&] { ReplaceFileAtomically(c.path, CrLfText({"new"})); });
+        EXPECT_EQ(failure.value_or(Failure(0)).Number(), c.failure) << c.what;
+        if (FileExists(c.path)) {
+            EXPECT_EQ(test::ReadBytes(c.path), c.after) << c.what;
+        }
+    }
+    std::size_t files = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(dir.Path()))
+        ++files;
+    EXPECT_EQ(files, 4u); // locked, folder, new and old: no file half made
+}
+
 TEST(Files, WritesRowsWithCrLfAndStampsEachChange)
 {
     test::ScratchDir dir;
