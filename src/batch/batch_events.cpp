@@ -1,13 +1,13 @@
 #include "batch/batch_events.h"
 
 #include <algorithm>
-#include <map>
 
 #include "batch/batch_form.h"
 #include "batch/batch_run.h"
 #include "forms/app.h"
 #include "forms/common_dialog.h"
 #include "forms/form_routines.h"
+#include "forms/name_rule.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"
@@ -26,25 +26,20 @@ void SetPointer(App& app, BatchForm& form, int pointer)
     form.formView.Notify();
 }
 
+NameBoxes NameBoxesOf(BatchRow& row)
+{
+    return {row.chkUseTolvarineName, row.chkUseMaxName, row.txtObjectName};
+}
+
 // The name boxes of a row work as those of the main form.
 void ConnectRow(App& app, BatchRow& row)
 {
-    row.chkUseTolvarineName.Click.Connect([&row] {
-        if (!row.chkUseTolvarineName.Checked())
-            return;
-        row.chkUseMaxName.SetValue(0);
-        row.txtObjectName.SetText(row.selection);
-    });
-    row.chkUseMaxName.Click.Connect([&app, &row] {
-        if (!row.chkUseMaxName.Checked())
-            return;
-        row.chkUseTolvarineName.SetValue(0);
-        row.txtObjectName.SetText(GetBaseName(app.platform, row.txtMaxFile.Text()));
-    });
-    row.txtMaxFile.Change.Connect([&app, &row] {
-        if (row.chkUseMaxName.Checked())
-            row.txtObjectName.SetText(GetBaseName(app.platform, row.txtMaxFile.Text()));
-    });
+    row.chkUseTolvarineName.Click.Connect(
+        [&row] { UseTolvarineNameClicked(NameBoxesOf(row), row.selection); });
+    row.chkUseMaxName.Click.Connect(
+        [&app, &row] { UseMaxNameClicked(app.platform, NameBoxesOf(row), row.txtMaxFile.Text()); });
+    row.txtMaxFile.Change.Connect(
+        [&app, &row] { MaxFileChanged(app.platform, NameBoxesOf(row), row.txtMaxFile.Text()); });
     row.btnBrowseMaxFile.Click.Connect([&app, &row] {
         // The batch window is owned by the main form, so its dialogs are too.
         const std::string chosen =
@@ -58,30 +53,27 @@ void ConnectRow(App& app, BatchRow& row)
     });
 }
 
-// Empties a row's values; the name boxes go first so they change no name.
-void ClearRow(BatchRow& row)
+BatchRow& AddRow(App& app, BatchForm& form, const std::string& selection)
 {
-    row.chkUseTolvarineName.SetValue(0);
-    row.chkUseMaxName.SetValue(0);
-    row.chkProcess.SetValue(0);
-    row.max2008.reset();
-    row.instances.reset();
-    for (TextBox* box :
-         {&row.txtMaxFile, &row.txtObjectName, &row.txtVerticalScale, &row.txtVerticalOffset})
-        box->SetText("");
+    auto row = std::make_unique<BatchRow>(static_cast<int>(form.rows.size()), selection);
+    ConnectRow(app, *row);
+    form.rows.push_back(std::move(row));
+    return *form.rows.back();
 }
 
-void CopyRow(const BatchRow& from, BatchRow& to)
+// Puts an item's values into a row; the name boxes go last, as a user would tick them.
+void FillRow(BatchRow& row, const BatchItem& item)
 {
-    to.chkProcess.SetValue(from.chkProcess.Value());
-    to.txtMaxFile.SetText(from.txtMaxFile.Text());
-    to.txtObjectName.SetText(from.txtObjectName.Text());
-    to.txtVerticalScale.SetText(from.txtVerticalScale.Text());
-    to.txtVerticalOffset.SetText(from.txtVerticalOffset.Text());
-    to.chkUseTolvarineName.SetValue(from.chkUseTolvarineName.Value());
-    to.chkUseMaxName.SetValue(from.chkUseMaxName.Value());
-    to.max2008 = from.max2008;
-    to.instances = from.instances;
+    row.chkProcess.SetValue(item.process ? 1 : 0);
+    row.txtMaxFile.SetText(item.maxFile);
+    row.txtObjectName.SetText(item.objectName);
+    row.txtVerticalScale.SetText(item.verticalScale.value_or(""));
+    row.txtVerticalOffset.SetText(item.verticalOffset.value_or(""));
+    row.chkUseTolvarineName.SetValue(item.nameFrom == NameFrom::Tolvarine ? 1 : 0);
+    row.chkUseMaxName.SetValue(item.nameFrom == NameFrom::MaxFile ? 1 : 0);
+    row.max2008 = item.max2008;
+    row.instances = item.instances;
+    row.otherLines = item.otherLines;
 }
 
 BatchItem ItemOf(const BatchRow& row)
@@ -97,37 +89,47 @@ BatchItem ItemOf(const BatchRow& row)
         item.verticalOffset = row.txtVerticalOffset.Text();
     item.max2008 = row.max2008;
     item.instances = row.instances;
+    item.nameFrom = row.chkUseTolvarineName.Checked() ? NameFrom::Tolvarine
+                    : row.chkUseMaxName.Checked()     ? NameFrom::MaxFile
+                                                      : NameFrom::Typed;
+    item.otherLines = row.otherLines;
     return item;
 }
 
-// The row Process would accept for a selection: the same text, ignoring case.
-BatchRow* RowOf(BatchForm& form, const std::string& select)
+// A row that a save keeps: one of the list, or one the user has put anything into.
+bool Kept(const BatchRow& row)
 {
-    const std::string wanted = UpperCase(select);
-    for (auto& row : form.rows)
-        if (UpperCase(row->selection) == wanted)
-            return row.get();
-    return nullptr;
+    const BatchItem item = ItemOf(row);
+    return row.listed || item.process || !item.maxFile.empty() || !item.objectName.empty() ||
+           item.verticalScale || item.verticalOffset;
+}
+
+// One row for each row of the object list that no row names yet, in the list's order.
+void AppendObjectRows(App& app, BatchForm& form)
+{
+    for (const std::string& object : app.main.comboSelectObject.Items().Rows()) {
+        const bool named = std::any_of(form.rows.begin(), form.rows.end(), [&](const auto& row) {
+            return EqualsIgnoringCase(row->selection, object);
+        });
+        if (!named)
+            AddRow(app, form, object);
+    }
 }
 
 } // namespace
 
 void MakeBatchRows(App& app, BatchForm& form, bool keep)
 {
-    std::vector<std::unique_ptr<BatchRow>> former = std::move(form.rows);
-    std::map<std::string, const BatchRow*> bySelection;
-    if (keep)
-        for (const auto& row : former)
-            bySelection.emplace(row->selection, row.get());
+    const std::vector<std::unique_ptr<BatchRow>> former = std::move(form.rows);
     form.rows.clear();
-    const std::vector<std::string>& objects = app.main.comboSelectObject.Items().Rows();
-    for (std::size_t i = 0; i < objects.size(); ++i) {
-        auto row = std::make_unique<BatchRow>(static_cast<int>(i), objects[i]);
-        ConnectRow(app, *row);
-        if (auto it = bySelection.find(objects[i]); it != bySelection.end())
-            CopyRow(*it->second, *row);
-        form.rows.push_back(std::move(row));
-    }
+    if (keep)
+        for (const auto& old : former)
+            if (Kept(*old)) {
+                BatchRow& row = AddRow(app, form, old->selection);
+                FillRow(row, ItemOf(*old));
+                row.listed = old->listed;
+            }
+    AppendObjectRows(app, form);
     form.rowsView.Notify();
 }
 
@@ -138,13 +140,13 @@ void btnProcessAll_Click(App& app, BatchForm& form)
     form.lstSummary.Clear();
     if (!sameProject) {
         form.rowsProject = app.state.ScriptBasePath;
-        form.style = {};
+        form.kept = {};
         const std::string file =
             app.state.ScriptBasePath.empty() ? std::string() : DefaultBatchFile(app);
         form.txtBatchFile.SetText(file);
         if (!file.empty() && FileExists(file))
             LoadBatchList(app, form, file);
-        form.keptItems = BatchItems(form);
+        form.kept.items = BatchItems(form);
     }
     form.visible = true;
     form.formView.Notify();
@@ -154,39 +156,23 @@ void btnProcessAll_Click(App& app, BatchForm& form)
 
 void LoadBatchList(App& app, BatchForm& form, const std::string& file)
 {
-    BatchListRead read = ReadBatchList(app, file);
+    BatchListRead read = ReadBatchList(file);
     if (read.readable) {
-        for (auto& row : form.rows)
-            ClearRow(*row);
-        std::vector<const BatchRow*> filled;
-        for (std::size_t i = 0; i < read.items.size(); ++i) {
-            const BatchItem& item = read.items[i];
-            BatchRow* row = RowOf(form, item.select);
-            const std::string named = "The batch list " + file + ": [Item" +
-                                      IntegerToText(static_cast<long long>(i) + 1) + "]";
-            if (!row) {
-                if (!item.select.empty())
-                    read.problems.push_back(named + " selects \"" + item.select +
-                                            "\", which is not a row of the object list.");
-                continue;
-            }
-            if (std::find(filled.begin(), filled.end(), row) != filled.end()) {
-                read.problems.push_back(named + " repeats the row \"" + item.select +
-                                        "\"; only the first is kept.");
-                continue;
-            }
-            filled.push_back(row);
-            row->chkProcess.SetValue(item.process ? 1 : 0);
-            row->txtMaxFile.SetText(item.maxFile);
-            row->txtObjectName.SetText(item.objectName);
-            row->txtVerticalScale.SetText(item.verticalScale.value_or(""));
-            row->txtVerticalOffset.SetText(item.verticalOffset.value_or(""));
-            row->max2008 = item.max2008;
-            row->instances = item.instances;
+        // Every item gets a row in the list's order, also one that repeats an earlier
+        // row or names none of this scene: the list is run and saved as it is. The
+        // former rows live on until the views have let go of them.
+        const std::vector<std::unique_ptr<BatchRow>> former = std::move(form.rows);
+        form.rows.clear();
+        for (const BatchItem& item : read.list.items) {
+            BatchRow& row = AddRow(app, form, item.select);
+            FillRow(row, item);
+            row.listed = true;
         }
-        form.style = read.style;
+        AppendObjectRows(app, form);
+        form.rowsView.Notify();
         form.txtBatchFile.SetText(file);
-        form.keptItems = BatchItems(form);
+        form.kept = std::move(read.list);
+        form.kept.items = BatchItems(form);
     }
     if (!read.problems.empty()) {
         std::string text;
@@ -199,24 +185,30 @@ void LoadBatchList(App& app, BatchForm& form, const std::string& file)
 std::vector<BatchItem> BatchItems(const BatchForm& form)
 {
     std::vector<BatchItem> items;
-    for (const auto& row : form.rows) {
-        BatchItem item = ItemOf(*row);
-        if (item.process || !item.maxFile.empty() || !item.objectName.empty() ||
-            item.verticalScale || item.verticalOffset || item.max2008 || item.instances)
-            items.push_back(std::move(item));
-    }
+    for (const auto& row : form.rows)
+        if (Kept(*row))
+            items.push_back(ItemOf(*row));
     return items;
 }
 
 void SaveBatchList(App& app, BatchForm& form, const std::string& file)
 {
-    const std::vector<BatchItem> items = BatchItems(form);
-    if (auto failure = Trap([&] { WriteBatchList(app, file, items, form.style); })) {
-        app.Message(TrapMessageLines("btnSave", *failure));
+    // A row that cannot run is saved unchecked; the table shows it so too.
+    for (const auto& row : form.rows)
+        if (row->chkProcess.Checked() && !MissingKeys(ItemOf(*row)).empty())
+            row->chkProcess.SetValue(0);
+    BatchList list = form.kept;
+    list.items = BatchItems(form);
+    if (auto failure = Trap([&] { WriteBatchList(file, list); })) {
+        app.Message("The batch list could not be saved as " + file + ": " + failure->Description() +
+                    " (" + IntegerToText(failure->Number()) +
+                    "). A former file of that name is as it was.");
         return;
     }
+    for (const auto& row : form.rows)
+        row->listed = row->listed || Kept(*row);
     form.txtBatchFile.SetText(file);
-    form.keptItems = items;
+    form.kept = std::move(list);
 }
 
 void btnLoad_Click(App& app, BatchForm& form)
@@ -246,13 +238,10 @@ void btnSave_Click(App& app, BatchForm& form)
 
 void btnRunBatch_Click(App& app, BatchForm& form)
 {
-    std::vector<BatchItem> checked;
-    for (const auto& row : form.rows)
-        if (row->chkProcess.Checked())
-            checked.push_back(ItemOf(*row));
     SetPointer(app, form, kPointerHourglass);
     form.lstSummary.Clear();
-    const BatchReport report = RunBatch(app, checked, form.style);
+    // The same routine as tos-cli batch, on the same items in the same order.
+    const BatchReport report = RunBatch(app, BatchItems(form), form.kept.style);
     if (auto failure = Trap([&] {
             for (const std::string& line : SummaryLines(report))
                 form.lstSummary.AddItem(line);
@@ -264,7 +253,7 @@ void btnRunBatch_Click(App& app, BatchForm& form)
 void btnClose_Click(App& app, BatchForm& form)
 {
     // The table outlives the window only while the program runs.
-    if (BatchItems(form) != form.keptItems)
+    if (BatchItems(form) != form.kept.items)
         app.Message("The table holds changes that no batch list keeps yet; open Process All "
                     "again and press Save... to keep them.");
     form.visible = false;

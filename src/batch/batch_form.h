@@ -27,13 +27,17 @@ struct BatchRow {
     CheckBox chkUseMaxName;
     TextBox txtVerticalScale; // "" means the main form's value
     TextBox txtVerticalOffset;
-    // The item's own script style from its batch list, kept for the run and the save.
+    // What the row's item holds beyond its boxes, kept for the run and the save: its
+    // own script style and the lines of its section the program does not read.
     std::optional<bool> max2008;
     std::optional<bool> instances;
+    std::vector<std::string> otherLines;
+    bool listed = false; // the row stands for an item of the batch list read
 };
 
-// The "Process All" window as a model: one row for each row of the object
-// list, the batch list file it was read from or saved to, and the summary of
+// The "Process All" window as a model: one row for each item of the batch list
+// read, in its order, then one for each row of the object list that no item
+// names; the batch list file it was read from or saved to, and the summary of
 // the last run. Shown modally over the main form.
 struct BatchForm {
     BatchForm();
@@ -49,11 +53,9 @@ struct BatchForm {
     std::function<void()> showModal;
     // ScriptBasePath of the project the rows were made for.
     std::string rowsProject;
-    // The rows as the batch list last read or saved holds them, so that closing
-    // can tell about changes that no file keeps yet.
-    std::vector<BatchItem> keptItems;
-    // The style the batch list gives all its items, kept for the run and the save.
-    BatchStyle style;
+    // The batch list as last read or saved: its items tell closing about changes
+    // that no file keeps yet; its style and other lines go into the next save.
+    BatchList kept;
 
     std::vector<std::unique_ptr<BatchRow>> rows;
     Label lblBatchFile;

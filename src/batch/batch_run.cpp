@@ -4,6 +4,7 @@
 
 #include "combiner/script_combiner.h"
 #include "forms/app.h"
+#include "forms/name_rule.h"
 #include "support/conversions.h"
 #include "support/failure.h"
 #include "support/files.h"
@@ -11,16 +12,6 @@
 namespace tos {
 
 namespace {
-
-// A user picks the row from the list rather than typing it in other letters:
-// the builder compares exactly, so "barn" would find none of Barn's models.
-std::string RowAsListed(const App& app, const std::string& select)
-{
-    for (const std::string& row : app.main.comboSelectObject.Items().Rows())
-        if (EqualsIgnoringCase(row, select))
-            return row;
-    return select;
-}
 
 // What the form held when the run started, for the values an item leaves unset.
 struct FormValues {
@@ -43,6 +34,13 @@ BatchItemReport RunItem(App& app, const BatchItem& item, const BatchStyle& style
         return report;
     }
     MainForm& form = app.main;
+    // A user picks the row from the list rather than typing it in other letters:
+    // the builder compares exactly, so "barn" would find none of Barn's models.
+    const std::string* listed = FindRowIgnoringCase(form.comboSelectObject.Items(), item.select);
+    if (!listed) {
+        report.outcome = BatchOutcome::NotInScene;
+        return report;
+    }
     app.boxes.StartRecording();
     form.txtMaxFile.SetText(item.maxFile);
     form.txtMaxObjectName.SetText(item.objectName);
@@ -50,7 +48,7 @@ BatchItemReport RunItem(App& app, const BatchItem& item, const BatchStyle& style
     form.txtVerticalOffset.SetText(item.verticalOffset.value_or(start.offset));
     form.chkMax2008.SetValue(item.max2008.value_or(style.max2008.value_or(start.max2008)));
     form.chkInstances.SetValue(item.instances.value_or(style.instances.value_or(start.instances)));
-    form.comboSelectObject.SetText(RowAsListed(app, item.select));
+    form.comboSelectObject.SetText(*listed);
     form.btnProcess.Click.Fire();
     report.messages = app.boxes.StopRecording();
     // Every way Process can fall short shows a box, so none means a whole script.
@@ -128,8 +126,15 @@ BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const BatchS
     // Each item names its object itself; a name box left checked would overwrite it.
     form.chkUseTolvarineName.SetValue(0);
     form.chkUseMaxName.SetValue(0);
-    for (const BatchItem& item : items)
-        report.items.push_back(RunItem(app, item, style, start));
+    for (const BatchItem& item : items) {
+        BatchItemReport run = RunItem(app, item, style, start);
+        for (std::size_t i = report.items.size(); i-- > 0 && !run.scriptFile.empty();)
+            if (EqualsIgnoringCase(report.items[i].scriptFile, run.scriptFile)) {
+                run.replaces = i + 1;
+                break;
+            }
+        report.items.push_back(std::move(run));
+    }
     form.txtVerticalScale.SetText(start.scale);
     form.txtVerticalOffset.SetText(start.offset);
     form.chkMax2008.SetValue(start.max2008 ? 1 : 0);
@@ -145,6 +150,8 @@ std::string ItemLine(const BatchItemReport& item)
     switch (item.outcome) {
     case BatchOutcome::NotChecked:
         return line + "not checked";
+    case BatchOutcome::NotInScene:
+        return line + "not in this scene";
     case BatchOutcome::Incomplete: {
         line += "not run, no ";
         for (std::size_t i = 0; i < item.missingKeys.size(); ++i)
@@ -158,8 +165,12 @@ std::string ItemLine(const BatchItemReport& item)
     case BatchOutcome::Written:
         break;
     }
-    return line + item.scriptFile + (item.outcome == BatchOutcome::Built ? " (not saved)" : "") +
-           ", " + IntegerToText(static_cast<long long>(item.rows)) + " rows";
+    line += item.scriptFile + (item.outcome == BatchOutcome::Built ? " (not saved)" : "") + ", " +
+            IntegerToText(static_cast<long long>(item.rows)) + " rows";
+    if (item.replaces)
+        line += ", replacing the script of item " +
+                IntegerToText(static_cast<long long>(item.replaces));
+    return line;
 }
 
 std::string MessageLine(const MessageBox& box)

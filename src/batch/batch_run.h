@@ -15,6 +15,7 @@ struct App;
 enum class BatchOutcome {
     NotChecked, // the item is kept but was not to be processed
     Incomplete, // Select, MaxFile or ObjectName missing: Process was not pressed
+    NotInScene, // the object list has no such row: Process was not pressed
     Failed,     // Process showed a message: no script counts as written
     Built,      // the script stands in List2; Save To File was unchecked
     Written,    // the script was saved
@@ -28,6 +29,8 @@ struct BatchItemReport {
     std::vector<std::string> missingKeys;
     std::vector<MessageBox> messages;    // the boxes Process would have shown
     std::vector<ScriptFinding> findings; // the check of the script, Built and Written only
+    // An earlier item (1-based) whose script file this one's replaced; 0 for none.
+    std::size_t replaces = 0;
 };
 
 struct BatchReport {
@@ -40,7 +43,8 @@ struct BatchReport {
 // "<ScriptBasePath>_Main_All.ms", or "_Per_All.ms" with the perimeter tiles.
 std::string JoinedScriptFile(const App& app);
 
-// Runs the items in their order as a user at the main form would: clears both
+// Runs the items in their order as a user at the main form would, an item that
+// selects the same row as an earlier one too: clears both
 // name boxes once, then for each item puts its values into txtMaxFile,
 // txtMaxObjectName, the two vertical boxes and the text of comboSelectObject
 // (the row as the list writes it, when one matches ignoring case), each firing

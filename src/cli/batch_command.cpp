@@ -31,13 +31,13 @@ int RunBatchCommand(const BatchOptions& options, CommandContext& context)
     if (options.noSave)
         app.main.chkSave.SetValue(0);
     ApplyStyleOptions(app, options.style);
-    const BatchListRead read = ReadBatchList(app, AbsolutePath(options.batchFile));
+    const BatchListRead read = ReadBatchList(AbsolutePath(options.batchFile));
     for (const std::string& problem : read.problems)
         app.Message(problem);
     if (!read.readable)
         return ExitStatus(platform);
 
-    const BatchReport report = RunBatch(app, read.items, read.style,
+    const BatchReport report = RunBatch(app, read.list.items, read.list.style,
                                         options.combined ? AbsolutePath(*options.combined) : "");
     for (const BatchItemReport& item : report.items) {
         context.out << ItemLine(item) << '\n';

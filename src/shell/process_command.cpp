@@ -4,6 +4,7 @@
 #include <string>
 
 #include "forms/app.h"
+#include "forms/name_rule.h"
 #include "forms/record_walk.h"
 #include "script/builder.h"
 #include "script/script_check.h"
@@ -15,15 +16,9 @@ namespace tos {
 
 namespace {
 
-// The selection must be one of the rows, ignoring case and nothing else.
-bool IsListed(const ComboBox& combo, const std::string& selection)
+NameBoxes NameBoxesOf(MainForm& form)
 {
-    const std::string wanted = UpperCase(selection);
-    const ListBox& rows = combo.Items();
-    bool found = false;
-    for (Int16 i = 0; i < rows.ListCount() && !found; ++i)
-        found = UpperCase(rows.List(i)) == wanted;
-    return found;
+    return {form.chkUseTolvarineName, form.chkUseMaxName, form.txtMaxObjectName};
 }
 
 // The builders of option rows 1 to 4.
@@ -48,7 +43,8 @@ void btnProcess_Click(App& app)
         app.Message("Please select an Object to process");
         return;
     }
-    if (!IsListed(form.comboSelectObject, selection)) {
+    // The selection must be one of the rows, ignoring case and nothing else.
+    if (!FindRowIgnoringCase(form.comboSelectObject.Items(), selection)) {
         app.Message("Please select only from the Object List");
         return;
     }
@@ -68,34 +64,22 @@ void btnProcess_Click(App& app)
 
 void chkUseTolvarineName_Click(App& app)
 {
-    MainForm& form = app.main;
-    if (!form.chkUseTolvarineName.Checked())
-        return;
-    form.chkUseMaxName.SetValue(0);
-    form.txtMaxObjectName.SetText(form.comboSelectObject.Text());
+    UseTolvarineNameClicked(NameBoxesOf(app.main), app.main.comboSelectObject.Text());
 }
 
 void chkUseMaxName_Click(App& app)
 {
-    MainForm& form = app.main;
-    if (!form.chkUseMaxName.Checked())
-        return;
-    form.chkUseTolvarineName.SetValue(0);
-    form.txtMaxObjectName.SetText(GetBaseName(app.platform, form.txtMaxFile.Text()));
+    UseMaxNameClicked(app.platform, NameBoxesOf(app.main), app.main.txtMaxFile.Text());
 }
 
 void comboSelectObject_Changed(App& app)
 {
-    MainForm& form = app.main;
-    if (form.chkUseTolvarineName.Checked())
-        form.txtMaxObjectName.SetText(form.comboSelectObject.Text());
+    SelectionChanged(NameBoxesOf(app.main), app.main.comboSelectObject.Text());
 }
 
 void txtMaxFile_Changed(App& app)
 {
-    MainForm& form = app.main;
-    if (form.chkUseMaxName.Checked())
-        form.txtMaxObjectName.SetText(GetBaseName(app.platform, form.txtMaxFile.Text()));
+    MaxFileChanged(app.platform, NameBoxesOf(app.main), app.main.txtMaxFile.Text());
 }
 
 void ConnectProcessEvents(App& app)

@@ -3,8 +3,13 @@
 #include <filesystem>
 #include <sstream>
 
+#include "batch/batch_events.h"
+#include "batch/batch_form.h"
 #include "cli/commands.h"
+#include "common/fake_platform.h"
 #include "common/scratch.h"
+#include "forms/app.h"
+#include "shell/startup.h"
 #include "support/system.h"
 
 namespace tos::test {
@@ -103,6 +108,37 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
     }
 }
 
+// The window and the command run one batch list the same way, file for file.
+TEST(BatchCommand, RunsAListAsTheWindowDoes)
+{
+    const std::string list =
+        kBatch + "[Item5]\r\nSelect=Orchard\r\nMaxFile=O.max\r\nObjectName=O\r\n"
+                 "[Item6]\r\nSelect=TREE\r\nMaxFile=C:\\Oak.max\r\nObjectName=Big Oak\r\n"
+                 "Style=max2008\r\n";
+    const std::string items = "Items=6";
+    std::string six = list;
+    six.replace(six.find("Items=4"), 7, items);
+
+    ScratchDir byCommand, byWindow;
+    const Result run = RunCli({"batch", CopyValley(byCommand), byCommand.Write("b.tosbatch", six)});
+    EXPECT_EQ(run.status, 0) << run.err;
+
+    FakePlatform platform;
+    platform.programFolder = kProgramFolder;
+    App app(platform);
+    BatchForm batch;
+    ConnectBatchEvents(app, batch);
+    Main(app);
+    platform.dialogAnswers = {CopyValley(byWindow)};
+    app.main.btnBrowseProjectFile.Click.Fire();
+    LoadBatchList(app, batch, byWindow.Write("b.tosbatch", six));
+    batch.btnRunBatch.Click.Fire();
+
+    EXPECT_EQ(Files(byWindow), Files(byCommand));
+    EXPECT_EQ(Files(byWindow).size(), 4u); // Tree (twice run), Bales, Barn, All
+    EXPECT_TRUE(platform.messages.empty());
+}
+
 TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
 {
     const std::string tree = "[Item1]\r\nSelect=Tree\r\nMaxFile=T.max\r\nObjectName=Pine\r\n";
@@ -127,14 +163,17 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
          .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nRock: not run, no MaxFile or ObjectName\n"
                 "Joined: @Valley_Main_All.ms, 1 script\n",
          .error = "@b.tosbatch: [Item2] has no MaxFile.", .scripts = 2},
-        {.name = "unknown selection",
-         .list = "[Batch]\r\nItems=2\r\n[Item1]\r\nSelect=Orchard\r\nMaxFile=O.max\r\n"
-                 "ObjectName=O\r\n[Item2]\r\nSelect=Tree\r\nMaxFile=T.max\r\nObjectName=Pine\r\n",
-         .options = {}, .status = 1,
-         .out = "Orchard: no script, 1 message\nTree: @Valley_Main_Tree.ms, 40 rows\n"
-                "Joined: @Valley_Main_All.ms, 1 script\n",
-         .error = "TolvarineObjectScripter: Please select only from the Object List\n",
-         .scripts = 2},
+        // An item of another scene is kept and told; one that selects the same row as
+        // an earlier one runs too, as single runs would.
+        {.name = "unknown selection and a repeat",
+         .list = "[Batch]\r\nItems=3\r\n[Item1]\r\nSelect=Orchard\r\nMaxFile=O.max\r\n"
+                 "ObjectName=O\r\n[Item2]\r\nSelect=Tree\r\nMaxFile=T.max\r\nObjectName=Pine\r\n"
+                 "[Item3]\r\nSelect=tree\r\nMaxFile=T.max\r\nObjectName=Oak\r\n",
+         .options = {}, .status = 0,
+         .out = "Orchard: not in this scene\nTree: @Valley_Main_Tree.ms, 40 rows\n"
+                "tree: @Valley_Main_Tree.ms, 40 rows, replacing the script of item 2\n"
+                "Joined: @Valley_Main_All.ms, 2 scripts\n",
+         .error = "", .scripts = 2},
         {.name = "no save", .list = "[Batch]\r\nItems=1\r\n" + tree, .options = {"--no-save"},
          .status = 0, .out = "Tree: @Valley_Main_Tree.ms (not saved), 40 rows\nNothing joined.\n",
          .error = "", .scripts = 0},

@@ -85,10 +85,13 @@ TEST(BatchWindowTest, ModalTableOfTheObjectListRunsACheckedRowIntoAScript)
                 ASSERT_TRUE(std::filesystem::exists(script));
                 const std::string text = ReadBytes(script);
                 const auto rows = std::count(text.begin(), text.end(), '\n');
-                ASSERT_EQ(ListCount(summary), 2);
+                ASSERT_EQ(ListCount(summary), 3);
                 EXPECT_EQ(ListRow(summary, 0),
                           "Barn: " + script + ", " + std::to_string(rows) + " rows");
-                EXPECT_EQ(ListRow(summary, 1),
+                EXPECT_EQ(ListRow(summary, 1), "    3ds Max would stop at line 13: the name Red "
+                                               "Barn needs quotes. Tick For 3ds Max 2008 and "
+                                               "later.");
+                EXPECT_EQ(ListRow(summary, 2),
                           "Joined: " + scratch.File("Valley_Main_All.ms") + ", 1 script");
                 EXPECT_NE(text.find("Red Barn"), std::string::npos);
                 // The close box closes as Close does: the table holds changes no
