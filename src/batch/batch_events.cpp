@@ -242,11 +242,8 @@ void btnRunBatch_Click(App& app, BatchForm& form)
     form.lstSummary.Clear();
     // The same routine as tos-cli batch, on the same items in the same order.
     const BatchReport report = RunBatch(app, BatchItems(form), form.kept.style);
-    if (auto failure = Trap([&] {
-            for (const std::string& line : SummaryLines(report))
-                form.lstSummary.AddItem(line);
-        }))
-        app.Message(TrapMessageLines("btnRunBatch", *failure));
+    for (const std::string& line : SummaryLines(report))
+        form.lstSummary.AddItem(line);
     SetPointer(app, form, kPointerDefault);
 }
 

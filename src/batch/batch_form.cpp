@@ -28,7 +28,7 @@ BatchForm::BatchForm()
     : lblBatchFile("lblBatchFile", "Batch list:"), txtBatchFile("txtBatchFile"),
       btnLoad("btnLoad", "&Load..."), btnSave("btnSave", "&Save..."),
       btnRunBatch("btnRunBatch", "&Process All"), btnClose("btnClose", "&Close"),
-      lstSummary("lstSummary", false)
+      lstSummary("lstSummary", false, RowLimit::None)
 {
     txtBatchFile.SetLocked(true);
     lstSummary.SetFont({"Courier New", 9});

@@ -5,6 +5,7 @@
 #include "combiner/script_combiner.h"
 #include "forms/app.h"
 #include "forms/name_rule.h"
+#include "support/case_blind.h"
 #include "support/conversions.h"
 #include "support/failure.h"
 #include "support/files.h"
@@ -173,14 +174,6 @@ std::string ItemLine(const BatchItemReport& item)
     return line;
 }
 
-std::string MessageLine(const MessageBox& box)
-{
-    std::string line = box.title + ": ";
-    for (const char c : box.text)
-        line += c == '\n' ? std::string("\\n") : std::string(1, c);
-    return line;
-}
-
 std::string JoinedLine(const BatchReport& report)
 {
     if (report.joinedFile.empty())
@@ -190,18 +183,40 @@ std::string JoinedLine(const BatchReport& report)
            (report.joinedScripts == 1 ? " script" : " scripts");
 }
 
+namespace {
+
+// A box as lines of the summary: its title and first line, then each further
+// line that holds anything, indented below it.
+void AddBoxLines(std::vector<std::string>& lines, const MessageBox& box, const std::string& indent)
+{
+    std::string_view rest = box.text;
+    bool first = true;
+    while (first || !rest.empty()) {
+        const std::size_t end = rest.find('\n');
+        const std::string_view part = TrimmedView(rest.substr(0, end));
+        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+        if (first)
+            lines.push_back(indent + box.title + ": " + std::string(part));
+        else if (!part.empty())
+            lines.push_back(indent + "    " + std::string(part));
+        first = false;
+    }
+}
+
+} // namespace
+
 std::vector<std::string> SummaryLines(const BatchReport& report)
 {
     std::vector<std::string> lines;
     for (const BatchItemReport& item : report.items) {
         lines.push_back(ItemLine(item));
         for (const MessageBox& box : item.messages)
-            lines.push_back("    " + MessageLine(box));
+            AddBoxLines(lines, box, "    ");
         for (const ScriptFinding& finding : item.findings)
             lines.push_back("    " + FindingText(finding));
     }
     for (const MessageBox& box : report.messages)
-        lines.push_back(MessageLine(box));
+        AddBoxLines(lines, box, "");
     lines.push_back(JoinedLine(report));
     return lines;
 }

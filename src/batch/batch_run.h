@@ -58,11 +58,10 @@ BatchReport RunBatch(App& app, const std::vector<BatchItem>& items, const BatchS
 
 // "Tree: /p/Valley_Main_Tree.ms, 27 rows" and the like.
 std::string ItemLine(const BatchItemReport& item);
-// A box as one line: title, ": ", the text with each line feed as \n.
-std::string MessageLine(const MessageBox& box);
 // "Joined: FILE, N scripts", or why nothing was joined.
 std::string JoinedLine(const BatchReport& report);
-// Each item with its boxes and the check's findings below it, the run's own boxes, then the join.
+// Each item with its boxes (a line of the summary for each line of a box) and the
+// check's findings below it, the run's own boxes, then the join.
 std::vector<std::string> SummaryLines(const BatchReport& report);
 
 } // namespace tos

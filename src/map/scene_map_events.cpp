@@ -7,6 +7,7 @@
 #include "forms/app.h"
 #include "map/scene_map.h"
 #include "map/svg_writer.h"
+#include "support/conversions.h"
 #include "support/failure.h"
 #include "support/files.h"
 
@@ -51,7 +52,9 @@ void OpenSceneMapFile(App& app)
     }
     const std::string file = SceneMapFile(app);
     if (auto failure = Trap([&] { WriteSceneMapFile(app, file); })) {
-        app.Message(TrapMessageLines("btnSceneMap", *failure));
+        app.Message("The scene map could not be written to " + file + ": " +
+                    failure->Description() + " (" + IntegerToText(failure->Number()) +
+                    "). A former picture of that name is as it was.");
         return;
     }
     if (!app.platform.OpenDocument(file))

@@ -88,8 +88,8 @@ TEST(BatchWindowTest, TableFilledFromTheListEditedSavedAndReadBack)
         const QString at = QString::fromStdString(dir.Path().string()) + "/Valley_Main_";
         EXPECT_EQ(summary,
                   QStringList({"tree: no script, 1 message",
-                               "    TolvarineObjectScripter: Unexpected error in "
-                               "BuildScript \\n\\n 75 - Path/File access error",
+                               "    TolvarineObjectScripter: Unexpected error in BuildScript",
+                               "        75 - Path/File access error",
                                "Orchard: not in this scene", "Rock: not checked",
                                "Barn: " + at + "Barn.ms, 27 rows",
                                "    3ds Max would stop at line 13: the name Red Barn needs "

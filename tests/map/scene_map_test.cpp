@@ -214,7 +214,7 @@ TEST(SceneMap, ButtonWithoutAWindowOpensThePictureFile)
          .readOnly = true,
          .handler = true,
          .asked = false,
-         .message = "Unexpected error in btnSceneMap \n\n 75 - "},
+         .message = "The scene map could not be written to "},
         {.what = "no handler",
          .load = true,
          .readOnly = false,
