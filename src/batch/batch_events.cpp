@@ -249,10 +249,25 @@ void btnRunBatch_Click(App& app, BatchForm& form)
 
 void btnClose_Click(App& app, BatchForm& form)
 {
-    // The table outlives the window only while the program runs.
-    if (BatchItems(form) != form.kept.items)
-        app.Message("The table holds changes that no batch list keeps yet; open Process All "
-                    "again and press Save... to keep them.");
+    // The table outlives the window only while the program runs, so changes that no
+    // batch list keeps are saved, let go, or the window stays open.
+    if (BatchItems(form) != form.kept.items) {
+        MessageBox question{"The table holds changes that no batch list keeps yet. Save them "
+                            "to a batch list before closing?"};
+        question.buttons = MessageButtons::SaveDiscardCancel;
+        switch (app.platform.Ask(question)) {
+        case MessageAnswer::Save:
+            btnSave_Click(app, form);
+            if (BatchItems(form) != form.kept.items)
+                return; // not saved: the table stays in front of the user
+            break;
+        case MessageAnswer::Discard:
+            break;
+        case MessageAnswer::Ok:
+        case MessageAnswer::Cancel:
+            return;
+        }
+    }
     form.visible = false;
     form.formView.Notify();
 }

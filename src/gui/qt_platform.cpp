@@ -96,6 +96,25 @@ void QtPlatform::ShowMessage(const MessageBox& box)
     message.exec();
 }
 
+MessageAnswer QtPlatform::Ask(const MessageBox& box)
+{
+    QWidget* owner = QApplication::activeModalWidget();
+    if (!owner)
+        owner = Owner(FormId::Main);
+    QMessageBox message(QMessageBox::Question, FromCp1252(box.title), FromCp1252(box.text),
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, owner);
+    message.setTextFormat(Qt::PlainText);
+    message.setDefaultButton(QMessageBox::Save);
+    switch (message.exec()) {
+    case QMessageBox::Save:
+        return MessageAnswer::Save;
+    case QMessageBox::Discard:
+        return MessageAnswer::Discard;
+    default:
+        return MessageAnswer::Cancel;
+    }
+}
+
 std::string QtPlatform::ShowFileDialog(const FileDialogRequest& request)
 {
     QFileDialog dialog(Owner(request.form), FromCp1252(request.title),

@@ -24,6 +24,7 @@ public:
     void SetFormWidget(FormId form, QWidget* widget) { widgets_[form] = widget; }
 
     void ShowMessage(const MessageBox& box) override;
+    MessageAnswer Ask(const MessageBox& box) override;
     std::string ShowFileDialog(const FileDialogRequest& request) override;
     std::string ReadSetting(const std::string& key, const std::string& valueName) override;
     void WriteSetting(const std::string& key, const std::string& valueName,

@@ -11,12 +11,15 @@ enum class FormId { Main, Compiler };
 
 enum class MessageIcon { None, Exclamation };
 
-// Every box of this program answers with OK alone.
-enum class MessageButtons { Ok };
+// The boxes of the specified program answer with OK alone; a question whether to
+// keep changes offers Save, Discard and Cancel.
+enum class MessageButtons { Ok, SaveDiscardCancel };
+
+enum class MessageAnswer { Ok, Save, Discard, Cancel };
 
 inline constexpr const char* kDefaultMessageTitle = "TolvarineObjectScripter";
 
-// A modal box with one OK button (the only kind this program shows).
+// A modal box, with one OK button unless buttons says otherwise.
 struct MessageBox {
     std::string text;
     std::string title = kDefaultMessageTitle;
@@ -55,6 +58,14 @@ public:
 
     // Waits until the user has answered.
     virtual void ShowMessage(const MessageBox& box) = 0;
+
+    // A box that asks: waits for the button the user chose. A platform without
+    // such boxes shows the text and answers Cancel, so nothing is lost.
+    virtual MessageAnswer Ask(const MessageBox& box)
+    {
+        ShowMessage(box);
+        return MessageAnswer::Cancel;
+    }
 
     // Full path of an existing file the user chose, or "" for no choice.
     virtual std::string ShowFileDialog(const FileDialogRequest& request) = 0;

@@ -20,6 +20,7 @@ public:
     bool Recording() const { return recording_; }
 
     void ShowMessage(const MessageBox& box) override;
+    MessageAnswer Ask(const MessageBox& box) override { return inner_.Ask(box); }
     std::string ShowFileDialog(const FileDialogRequest& request) override;
     std::string ReadSetting(const std::string& key, const std::string& valueName) override;
     void WriteSetting(const std::string& key, const std::string& valueName,

@@ -2,6 +2,16 @@
 
 namespace tos::test {
 
+MessageAnswer FakePlatform::Ask(const MessageBox& box)
+{
+    messages.push_back(box);
+    if (answers.empty())
+        return MessageAnswer::Discard;
+    const MessageAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
 std::string FakePlatform::ShowFileDialog(const FileDialogRequest& request)
 {
     dialogRequests.push_back(request);

@@ -14,6 +14,8 @@ namespace tos::test {
 class FakePlatform : public Platform {
 public:
     void ShowMessage(const MessageBox& box) override { messages.push_back(box); }
+    // Kept with the boxes; answers from the queue, Discard when it is empty.
+    MessageAnswer Ask(const MessageBox& box) override;
     std::string ShowFileDialog(const FileDialogRequest& request) override;
     std::string ReadSetting(const std::string& key, const std::string& valueName) override;
     void WriteSetting(const std::string& key, const std::string& valueName,
@@ -30,6 +32,7 @@ public:
     std::vector<MessageBox> messages;
     std::vector<FileDialogRequest> dialogRequests;
     std::deque<std::string> dialogAnswers; // "" answers as Cancel; empty queue cancels
+    std::deque<MessageAnswer> answers;
     std::map<std::pair<std::string, std::string>, std::string> settings;
     bool failSettingWrites = false;
     std::vector<std::string> openedDocuments;

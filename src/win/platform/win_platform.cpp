@@ -70,6 +70,20 @@ void WinPlatform::ShowMessage(const MessageBox& box)
     ::MessageBoxA(FrontWindow(), box.text.c_str(), box.title.c_str(), MB_OK | icon);
 }
 
+// Windows asks "Save changes?" with Yes, No and Cancel: Yes saves, No discards.
+MessageAnswer WinPlatform::Ask(const MessageBox& box)
+{
+    switch (::MessageBoxA(FrontWindow(), box.text.c_str(), box.title.c_str(),
+                          MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return MessageAnswer::Save;
+    case IDNO:
+        return MessageAnswer::Discard;
+    default:
+        return MessageAnswer::Cancel;
+    }
+}
+
 std::string WinPlatform::ShowFileDialog(const FileDialogRequest& request)
 {
     return win::ShowFileDialog(WindowOf(request.form), request);

@@ -36,6 +36,7 @@ public:
     int PointerOf(FormId form) const;
 
     void ShowMessage(const MessageBox& box) override;
+    MessageAnswer Ask(const MessageBox& box) override;
     std::string ShowFileDialog(const FileDialogRequest& request) override;
     std::string ReadSetting(const std::string& key, const std::string& valueName) override;
     void WriteSetting(const std::string& key, const std::string& valueName,
