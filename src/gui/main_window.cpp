@@ -12,9 +12,9 @@
 #include <QResizeEvent>
 #include <algorithm>
 
+#include "forms/app.h"
 #include "gui/control_views.h"
 #include "gui/cp1252.h"
-#include "forms/app.h"
 
 namespace tos::gui {
 
@@ -125,7 +125,16 @@ void MainWindow::BuildOutputFrames()
 {
     MainForm& f = app_.main;
     output_ = MakeFrame(f.frameMaxScriptOutput, this);
+    MakeCheckBox(f.chkMax2008, output_)->setGeometry(8, 16, 200, 20);
+    MakeCheckBox(f.chkInstances, output_)->setGeometry(212, 16, 200, 20);
     script_ = MakeListBox(f.List2, output_);
+    // One line under the script, cut to its width, the whole text as its tooltip.
+    check_ = MakeLabel(f.lblScriptCheck, output_);
+    QPointer<MainWindow> self(this);
+    f.lblScriptCheck.view.Subscribe([self] {
+        if (self)
+            self->ElideCheckLine();
+    });
 
     // The record lists are the program's working data, never shown.
     credits_ = MakeFrame(f.Frame1, this);
@@ -142,9 +151,18 @@ void MainWindow::PlaceOutputFrames()
     const int width = this->width() - 2 * kMargin;
     const int taller = std::max(0, height() - kHeightPixels);
     output_->setGeometry(kMargin, 292, width, 100 + taller);
-    script_->setGeometry(8, 18, width - 16, 76 + taller);
+    script_->setGeometry(8, 38, width - 16, 38 + taller);
+    check_->setGeometry(8, 77 + taller, width - 16, 18);
+    ElideCheckLine();
     credits_->setGeometry(kMargin, 394 + taller, width, 34);
     creditsText_->setGeometry(90, 2, width - 100, 30);
+}
+
+void MainWindow::ElideCheckLine()
+{
+    const QString full = FromCp1252(app_.main.lblScriptCheck.Caption());
+    check_->setText(check_->fontMetrics().elidedText(full, Qt::ElideRight, check_->width()));
+    check_->setToolTip(full);
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event)

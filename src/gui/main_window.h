@@ -40,12 +40,15 @@ private:
     void BuildRightColumn();
     void BuildOutputFrames();
     void PlaceOutputFrames();
+    // The check's line, cut with an ellipsis to the label's width.
+    void ElideCheckLine();
     void SyncForm();
 
     App& app_;
     FormPlacement placement_;
     QGroupBox* output_ = nullptr;
     QListView* script_ = nullptr;
+    QLabel* check_ = nullptr;
     QGroupBox* credits_ = nullptr;
     QLabel* creditsText_ = nullptr;
 };

@@ -6,6 +6,7 @@
 #include <QFontDatabase>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
@@ -17,10 +18,10 @@
 
 #include "common/fake_platform.h"
 #include "common/scratch.h"
+#include "forms/app.h"
 #include "gui/cp1252.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
-#include "forms/app.h"
 #include "shell/startup.h"
 
 namespace tos {
@@ -248,6 +249,25 @@ TEST_F(MainWindowTest, HourglassStaysOnTheFormNotOnItsBoxes)
     EXPECT_EQ(busyWindow.cursor().shape(), Qt::WaitCursor);
     busy.SetMousePointer(FormId::Main, kPointerDefault);
     EXPECT_EQ(busyWindow.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(MainWindowTest, StyleBoxesAndTheCheckLineMirrorTheModel)
+{
+    auto* style = Find<QCheckBox>("chkMax2008");
+    auto* instances = Find<QCheckBox>("chkInstances");
+    EXPECT_FALSE(instances->isEnabled());
+    QTest::mouseClick(style, Qt::LeftButton);
+    Settle();
+    EXPECT_TRUE(app.main.chkMax2008.Checked() && instances->isEnabled());
+
+    auto* line = Find<QLabel>("lblScriptCheck");
+    const std::string finding =
+        "3ds Max would stop at line 13: the name Caf\xE9 Tree needs quotes.";
+    app.main.lblScriptCheck.SetCaption(finding);
+    EXPECT_EQ(line->toolTip(), gui::FromCp1252(finding));
+    window.resize(1400, window.height());
+    Settle();
+    EXPECT_EQ(line->text(), gui::FromCp1252(finding)); // whole where the window is wide enough
 }
 
 TEST(QtPlatformTest, SettingsFiltersAndCodePage)
