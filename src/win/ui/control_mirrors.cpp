@@ -16,7 +16,8 @@ void FrameMirror::PaintOwn()
 
 void LabelMirror::Make()
 {
-    Create("STATIC", WS_VISIBLE | (alignRight_ ? SS_RIGHT : SS_LEFT));
+    Create("STATIC", WS_VISIBLE | (alignRight_ ? SS_RIGHT : SS_LEFT) |
+                         (ellipsis_ ? SS_ENDELLIPSIS | SS_NOPREFIX : 0));
 }
 
 void LabelMirror::PaintOwn()

@@ -20,8 +20,9 @@ private:
 // A label; lblCredits stands at the right of its frame.
 class LabelMirror : public ControlMirror {
 public:
-    LabelMirror(FormWindow& form, Label& label, bool alignRight = false)
-        : ControlMirror(form, label), label_(label), alignRight_(alignRight)
+    // A label that ends in an ellipsis shows one line, cut to its width.
+    LabelMirror(FormWindow& form, Label& label, bool alignRight = false, bool ellipsis = false)
+        : ControlMirror(form, label), label_(label), alignRight_(alignRight), ellipsis_(ellipsis)
     {
     }
     void Make();
@@ -32,6 +33,7 @@ protected:
 private:
     Label& label_;
     bool alignRight_;
+    bool ellipsis_;
 };
 
 // A push button; a click fires the button's Click. A disabled button takes none.

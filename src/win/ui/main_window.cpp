@@ -116,7 +116,12 @@ void MainWindow::BuildOutputFrames()
     // The script list takes whatever room the user gives the window.
     Add<FrameMirror>(f.frameMaxScriptOutput, kForm.At(8, 292, kFullWidth, 96),
                      kGrowRight | kGrowDown);
-    Add<ListMirror>(f.List2, kForm.At(16, 310, kFullWidth - 16, 72), kGrowRight | kGrowDown);
+    Add<CheckBoxMirror>(f.chkMax2008, kForm.At(16, 308, 200, 20), kFixed);
+    Add<CheckBoxMirror>(f.chkInstances, kForm.At(220, 308, 200, 20), kFixed);
+    Add<ListMirror>(f.List2, kForm.At(16, 330, kFullWidth - 16, 38), kGrowRight | kGrowDown);
+    // One line under the script: what the check found, cut to the window's width.
+    Add<LabelMirror>(f.lblScriptCheck, kForm.At(16, 370, kFullWidth - 16, kLine),
+                     kGrowRight | kMoveDown, false, true);
 
     // The record lists are the program's working data, never shown. The credits
     // stand below the frame's top line, in two lines.

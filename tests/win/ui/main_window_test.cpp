@@ -289,6 +289,17 @@ TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
     EXPECT_GE(SendMessageA(list, LVM_GETCOLUMNWIDTH, 0, 0), WidestText(list, lines));
 }
 
+TEST(MainWindowTest, StyleBoxesAndTheCheckLineMirrorTheModel)
+{
+    Windows w;
+    EXPECT_FALSE(IsWindowEnabled(w.Main("chkInstances")));
+    SendMessageA(w.Main("chkMax2008"), BM_CLICK, 0, 0);
+    EXPECT_TRUE(w.app.main.chkMax2008.Checked() && IsWindowEnabled(w.Main("chkInstances")));
+    const std::string finding = "3ds Max would stop at line 13: the name Caf\xE9 needs quotes.";
+    w.app.main.lblScriptCheck.SetCaption(finding);
+    EXPECT_EQ(Text(w.Main("lblScriptCheck")), finding);
+}
+
 TEST(MainWindowTest, TheScriptListTakesTheRoomAndShowsLongScriptsAtOnce)
 {
     Windows w;
@@ -302,6 +313,8 @@ TEST(MainWindowTest, TheScriptListTakesTheRoomAndShowsLongScriptsAtOnce)
         {.name = "List2", .dx = 1, .dy = 1, .moveX = 0, .moveY = 0},
         {.name = "frameMaxScriptOutput", .dx = 1, .dy = 1, .moveX = 0, .moveY = 0},
         {.name = "lblCredits", .dx = 1, .dy = 0, .moveX = 0, .moveY = 1},
+        {.name = "lblScriptCheck", .dx = 1, .dy = 0, .moveX = 0, .moveY = 1},
+        {.name = "chkMax2008", .dx = 0, .dy = 0, .moveX = 0, .moveY = 0},
         {.name = "btnProcess", .dx = 0, .dy = 0, .moveX = 0, .moveY = 0},
     };
     std::vector<RECT> before;

@@ -140,7 +140,8 @@ TEST(ProgramTest, LoadsTheExampleProjectAndWritesTheScriptOfAnObject)
     HWND box = WaitFor([&] { return WindowOf(process.dwProcessId, "TolvarineObjectScripter"); });
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(GetWindow(box, GW_OWNER), batch);
-    PostMessageA(box, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+    // The box asks whether to save the changed table; No lets them go and closes.
+    PostMessageA(box, WM_COMMAND, MAKEWPARAM(IDNO, BN_CLICKED), 0);
     EXPECT_NE(
         WaitFor([&] { return IsWindowEnabled(form) && !IsWindowVisible(batch) ? form : nullptr; }),
         nullptr);
