@@ -31,11 +31,10 @@ std::string ReadAll(const std::string& path)
     return text.str();
 }
 
-// tos-cli script end to end: start-up, load, Process for Stem001, save, print.
-void BM_ScriptCommand(benchmark::State& state)
+// 30,000 models, all on the main tile, of three stems in turn, so Stem001 stands
+// 10,000 times; every model is tilted, so each copy gets three rotate rows.
+tos::bench::SceneLayout ForestLayout()
 {
-    // 30,000 models, all on the main tile, of three stems in turn, so Stem001
-    // stands 10,000 times; every model is tilted, so each copy gets three rotate rows.
     tos::bench::SceneLayout layout;
     layout.models = 30000;
     layout.stems = 3;
@@ -43,7 +42,13 @@ void BM_ScriptCommand(benchmark::State& state)
     layout.stockShare = 0;
     layout.mainTileShare = 1.0;
     layout.tiltedShare = 1.0;
-    const tos::bench::GeneratedProject project("script", layout);
+    return layout;
+}
+
+// tos-cli script end to end: start-up, load, Process for Stem001, save, print.
+void BM_ScriptCommand(benchmark::State& state)
+{
+    const tos::bench::GeneratedProject project("script", ForestLayout());
     const auto placements = CountOf(ReadAll(project.Scene()), "SLT=Stem001.SLT\r\n");
     const std::string prj = project.Prj();
     const char* argv[] = {"tos-cli",       "script",     prj.c_str(),
@@ -67,7 +72,7 @@ BENCHMARK(BM_ScriptCommand)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The forest of BM_ScriptCommand loaded once, with the form ready for Process.
 struct LoadedForest {
-    LoadedForest() : project("style", Layout()), context{out, err, project.Folder(), {}}
+    LoadedForest() : project("style", ForestLayout()), context{out, err, project.Folder(), {}}
     {
         tos::cli::LoadOptions load;
         load.project = project.Prj();
@@ -75,18 +80,6 @@ struct LoadedForest {
         app.main.txtMaxFile.SetText("C:\\Models\\Stem.max");
         app.main.txtMaxObjectName.SetText("Stem");
         app.main.comboSelectObject.SetText("Stem001");
-    }
-
-    static tos::bench::SceneLayout Layout()
-    {
-        tos::bench::SceneLayout layout;
-        layout.models = 30000;
-        layout.stems = 3;
-        layout.stemsInTurn = true;
-        layout.stockShare = 0;
-        layout.mainTileShare = 1.0;
-        layout.tiltedShare = 1.0;
-        return layout;
     }
 
     // One Process in the style given: the script built, saved and checked.

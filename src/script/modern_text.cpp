@@ -69,7 +69,7 @@ public:
 
     void CopyTurns(Int16, const Turns& turns) override
     {
-        Rotate("c", turns);
+        AppendRotateRows(script_, "c", turns);
         script_.AddItem("append placed c");
         script_.AddItem("");
     }
@@ -78,7 +78,7 @@ public:
     {
         script_.AddItem("-- go back and rotate first object (if necessary)");
         script_.AddItem("");
-        Rotate("first", turns);
+        AppendRotateRows(script_, "first", turns);
     }
 
     void End() override
@@ -90,14 +90,6 @@ public:
     }
 
 private:
-    void Rotate(std::string_view node, const Turns& turns)
-    {
-        ForEachTurn(turns, [&](double angle, std::string_view axis) {
-            script_.AddItem(
-                Row({"rotate ", node, " (angleaxis ", NumberToText(angle), " ", axis, ")"}));
-        });
-    }
-
     ListBox& script_;
     std::string object_;
     std::string make_;

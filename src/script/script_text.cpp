@@ -38,6 +38,19 @@ std::string CopyName(std::string_view object, Int16 copyNumber)
     return Row({object, FormatPattern(copyNumber.value(), "00")});
 }
 
+void AppendRotateRows(ListBox& script, std::string_view node, const Turns& turns)
+{
+    const auto rotate = [&](double angle, std::string_view axis) {
+        script.AddItem(Row({"rotate ", node, " (angleaxis ", NumberToText(angle), " ", axis, ")"}));
+    };
+    if (turns.rotateZ)
+        rotate(turns.angleZ, "[0,0,1]");
+    if (turns.rotateY)
+        rotate(turns.angleY, "[0,1,0]");
+    if (turns.rotateX)
+        rotate(turns.angleX, "[1,0,0]");
+}
+
 namespace {
 
 // The text for 3ds Max 3.1: every row names its node as $name.
@@ -81,7 +94,7 @@ public:
 
     void CopyTurns(Int16 copyNumber, const Turns& turns) override
     {
-        Rotate(CopyName(object_, copyNumber), turns);
+        AppendRotateRows(script_, "$" + CopyName(object_, copyNumber), turns);
         script_.AddItem("");
     }
 
@@ -89,18 +102,10 @@ public:
     {
         script_.AddItem("-- go back and rotate first object (if necessary)");
         script_.AddItem("");
-        Rotate(object_, turns);
+        AppendRotateRows(script_, "$" + object_, turns);
     }
 
 private:
-    void Rotate(std::string_view name, const Turns& turns)
-    {
-        ForEachTurn(turns, [&](double angle, std::string_view axis) {
-            script_.AddItem(
-                Row({"rotate $", name, " (angleaxis ", NumberToText(angle), " ", axis, ")"}));
-        });
-    }
-
     ListBox& script_;
     std::string object_;
 };

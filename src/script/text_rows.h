@@ -9,6 +9,8 @@
 
 namespace tos {
 
+class ListBox;
+
 // Joins the parts of one row.
 std::string Row(std::initializer_list<std::string_view> parts);
 
@@ -21,16 +23,9 @@ std::string ScaleValue(double factor);
 // The object's name and the copy number, two digits at least: "Tree01".
 std::string CopyName(std::string_view object, Int16 copyNumber);
 
-// Calls row(angle, axis) for each turn whose flag is set, in the order Z, Y, X.
-template <typename RowFor> void ForEachTurn(const Turns& turns, RowFor row)
-{
-    if (turns.rotateZ)
-        row(turns.angleZ, "[0,0,1]");
-    if (turns.rotateY)
-        row(turns.angleY, "[0,1,0]");
-    if (turns.rotateX)
-        row(turns.angleX, "[1,0,0]");
-}
+// The rotate rows of a node, "rotate " and its reference in front, for each turn
+// whose flag is set, in the order Z, Y, X.
+void AppendRotateRows(ListBox& script, std::string_view node, const Turns& turns);
 
 // The classic text and the one for 3ds Max 2008 and later.
 std::unique_ptr<ScriptText> MakeClassicText(ListBox& script, std::string_view object);
