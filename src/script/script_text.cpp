@@ -94,7 +94,7 @@ public:
 
     void CopyTurns(Int16 copyNumber, const Turns& turns) override
     {
-        AppendRotateRows(script_, "$" + CopyName(object_, copyNumber), turns);
+        AppendRotateRows(script_, Row({"$", CopyName(object_, copyNumber)}), turns);
         script_.AddItem("");
     }
 
@@ -102,7 +102,7 @@ public:
     {
         script_.AddItem("-- go back and rotate first object (if necessary)");
         script_.AddItem("");
-        AppendRotateRows(script_, "$" + object_, turns);
+        AppendRotateRows(script_, Row({"$", object_}), turns);
     }
 
 private:

@@ -29,26 +29,10 @@ bool IsNameByte(char c)
 
 // ---- Tokens ----
 
-enum class T {
-    Name,
-    Keyword,
-    Number,
-    String,
-    Path,
-    Hash,
-    LParen,
-    RParen,
-    LBracket,
-    RBracket,
-    Comma,
-    Dot,
-    Assign,
-    Eq,
-    Ne,
-    Plus,
-    Newline,
-    End
-};
+// clang-format off
+enum class T { Name, Keyword, Number, String, Path, Hash, LParen, RParen, LBracket, RBracket,
+               Comma, Dot, Assign, Eq, Ne, Plus, Newline, End };
+// clang-format on
 
 // A pathname's level name: each character and whether a wildcard stands for itself.
 struct PatternChar {
@@ -232,28 +216,10 @@ struct Expr;
 using ExprPtr = std::unique_ptr<Expr>;
 
 struct Expr {
-    enum Kind {
-        Num,
-        Str,
-        Path,
-        Hash,
-        EmptyArray,
-        Point,
-        Block,
-        Local,
-        Assign,
-        If,
-        For,
-        Context,
-        And,
-        Eq,
-        Ne,
-        Plus,
-        As,
-        Call,
-        Ref,
-        Prop
-    } kind;
+    // clang-format off
+    enum Kind { Num, Str, Path, Hash, EmptyArray, Point, Block, Local, Assign, If, For, Context,
+                And, Eq, Ne, Plus, As, Call, Ref, Prop } kind;
+    // clang-format on
     int line = 0;
     std::string text; // names, strings, properties
     double number = 0;
@@ -575,17 +541,10 @@ private:
 // ---- Values and evaluation ----
 
 struct Value {
-    enum Kind {
-        Undefined,
-        Bool,
-        Number,
-        String,
-        Node,
-        Array,
-        Point,
-        Rotation,
-        Name
-    } kind = Undefined;
+    // clang-format off
+    enum Kind { Undefined, Bool, Number, String, Node, Array, Point, Rotation, Name } kind =
+        Undefined;
+    // clang-format on
     bool b = false;
     double n = 0;
     std::string s;
