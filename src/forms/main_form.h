@@ -80,6 +80,10 @@ struct MainForm {
     Label lblVersion;
     Label lblCredits;
 
+    // The tile choice (chkMainTile's value) the record lists were filled under at the
+    // last load; -1 before any. A later click asks for a new load.
+    int listsMainTile = -1;
+
     // Hidden record lists, each sorted.
     ListBox lstSCNdata1;
     ListBox lstSCNdata2;

@@ -244,6 +244,14 @@ void SceneMapper::PlaceSelection(SceneMap& map)
         map.notes = m.quiet.notes;
         return;
     }
+    // The lists hold the models of the other tile choice: folding them would show
+    // copies no script of this load makes.
+    if (form.listsMainTile >= 0 && (form.listsMainTile == 1) != map.mainTile) {
+        map.notes = m.quiet.notes;
+        map.notes.push_back("The tile choice has changed since the load: load the project "
+                            "again to see where the copies will stand.");
+        return;
+    }
 
     const RecordWalk& walk = WalkOfSelection(m.quiet, map.selection);
     bool first = true;

@@ -1,11 +1,11 @@
 #include "project/project_load.h"
 
-#include "project/object_list.h"
-#include "project/scene_models.h"
-#include "project/stock_groups.h"
 #include "forms/app.h"
 #include "forms/common_dialog.h"
 #include "forms/form_routines.h"
+#include "project/object_list.h"
+#include "project/scene_models.h"
+#include "project/stock_groups.h"
 #include "support/elements.h"
 #include "support/failure.h"
 #include "support/files.h"
@@ -37,6 +37,7 @@ void LoadChosenProject(App& app, const std::string& chosen)
     s.ScriptBasePath = folder + kPathSeparator + base;
     app.profiles.FlushProfileFile(s.ScnFile);
     GetProjectInfo(app);
+    f.listsMainTile = f.chkMainTile.Value();
     ProcessSCNmodels(app, f);
     ProcessBillboards(app, f);
     ProcessBales(app, f);

@@ -105,6 +105,20 @@ TEST(SceneMap, PlacementsInScriptOrderWithFirstAndFolding)
     }
 }
 
+TEST(SceneMap, ATileChoiceMadeAfterTheLoadShowsANoticeNotStaleCopies)
+{
+    for (const bool perimeter : {false, true}) {
+        Loaded f(perimeter);
+        f.app->main.chkPerimeterTile.SetValue(perimeter ? 0 : 1);
+        const SceneMap map = f.Map("Tree");
+        EXPECT_TRUE(map.placements.empty());
+        ASSERT_FALSE(map.notes.empty());
+        EXPECT_EQ(map.notes.back().rfind("The tile choice has changed since the load", 0), 0u);
+        f.app->main.chkPerimeterTile.SetValue(perimeter ? 1 : 0);
+        EXPECT_FALSE(f.Map("Tree").placements.empty()) << perimeter;
+    }
+}
+
 TEST(SceneMap, TileWindowAndOriginFollowTheGrid)
 {
     struct Row {
