@@ -53,18 +53,18 @@ TEST_F(SceneMapWindowTest, OpensFromTheButtonAndFollowsSelectionAndTileChoice)
         {.selection = "Barn",
          .perimeter = false,
          .status = "Barn: 0 placements on the main tile \u2014 9 models"},
-        // The lists stay those of the load; the builder would fold what they hold.
+        // The lists stay those of the load: no copies are drawn until the next load.
         {.selection = "Tree",
          .perimeter = true,
-         .status = "Tree: 2 placements, perimeter tiles folded onto one tile \u2014 9 models"},
+         .status = "Tree: 0 placements, perimeter tiles folded onto one tile \u2014 9 models"},
     };
     for (const Row& r : rows) {
         app.main.chkPerimeterTile.SetValue(r.perimeter ? 1 : 0);
         app.main.comboSelectObject.SetText(r.selection);
         EXPECT_EQ(Status(), QString::fromUtf8(r.status));
     }
-    EXPECT_EQ(map.Map().placements.size(), 2u);
-    EXPECT_TRUE(map.Map().placements[0].folded.has_value());
+    EXPECT_TRUE(map.Map().placements.empty());
+    EXPECT_EQ(map.Map().notes.back().rfind("The tile choice has changed", 0), 0u);
     EXPECT_TRUE(fixture.Messages().empty());
 
     map.close();
