@@ -35,12 +35,18 @@ public:
         script_.AddItem(Row({"local objectName = ", StringLiteral(object_)}));
         script_.AddItem("local first = undefined");
         script_.AddItem("local c = undefined");
+        script_.AddItem("local placed = #()");
         script_.AddItem("");
+        // Nothing of the run goes on the undo stack: one Delete of the selection at
+        // the end takes it back.
         script_.AddItem("-- perform merge on first object");
+        script_.AddItem("with undo off");
+        script_.AddItem("(");
         script_.AddItem("clearSelection()");
         script_.AddItem("if doesFileExist maxFile do mergeMAXFile maxFile #select #mergeDups "
                         "#noRedraw");
-        script_.AddItem("local placed = selection as array");
+        script_.AddItem("placed = selection as array");
+        script_.AddItem(")");
         script_.AddItem("for n in placed where first == undefined and (stricmp n.name "
                         "objectName) == 0 do first = n");
         script_.AddItem("if first == undefined then messageBox (\"No object named \\\"\" + "

@@ -196,7 +196,7 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
          .list = "[Batch]\r\nItems=2\r\nStyle=max2008\r\n" + tree +
                  "[Item2]\r\nSelect=Barn\r\nMaxFile=B.max\r\nObjectName=Red Barn\r\nStyle=classic\r\n",
          .options = {"--style", "classic"}, .status = 0,
-         .out = "Tree: @Valley_Main_Tree.ms, 57 rows\nBarn: @Valley_Main_Barn.ms, 27 rows\n"
+         .out = "Tree: @Valley_Main_Tree.ms, 61 rows\nBarn: @Valley_Main_Barn.ms, 27 rows\n"
                 "Joined: @Valley_Main_All.ms, 2 scripts\n",
          .error = "@Valley_Main_Barn.ms:13: 3ds Max would stop at line 13: the name Red Barn needs "
                   "quotes.", .scripts = 3},

@@ -171,9 +171,8 @@ TEST(ScriptStyles, PlacesWithUndoOffSelectsItsNodesAndStopsCleanlyWithoutTheObje
 {
     const Style style{.max2008 = true};
     const MaxScene scene = RunIn(style, {Script(style)});
-    for (std::size_t i = 2; i < scene.nodes.size(); ++i)
+    for (std::size_t i = 0; i < scene.nodes.size(); ++i)
         EXPECT_TRUE(scene.nodes[i].madeWithUndoOff && scene.nodes[i].selected) << i;
-    EXPECT_TRUE(scene.nodes[0].selected && scene.nodes[1].selected);
 
     // A file without the object, and no file at all: one message, nothing placed.
     for (const std::vector<std::string>& objects : {std::vector<std::string>{"Ground"}, {}}) {
