@@ -78,11 +78,14 @@ void SceneMapView::Fit()
     const PictureBounds b = BoundsOf(*map_);
     const double w = std::max(b.right - b.left, 1.0);
     const double h = std::max(b.bottom - b.top, 1.0);
+    // The picture fits between the caption line on top, the scale bar below and the
+    // legend on the right, so none of them covers a model or a placement.
     const double margin = 24;
-    scale_ = std::min((width() - 2 * margin) / w, (height() - 2 * margin) / h);
+    const double right = LegendTextWidth() + 28;
+    scale_ = std::min((width() - margin - right) / w, (height() - 2 * margin) / h);
     if (!(scale_ > 0))
         scale_ = 1;
-    offset_ = QPointF((width() - w * scale_) / 2 - b.left * scale_,
+    offset_ = QPointF(margin + (width() - margin - right - w * scale_) / 2 - b.left * scale_,
                       (height() - h * scale_) / 2 - b.top * scale_);
     fitted_ = true;
 }
@@ -172,6 +175,22 @@ void SceneMapView::PaintPlacements(QPainter& p) const
     }
 }
 
+namespace {
+constexpr ModelKind kLegendKinds[] = {ModelKind::Object, ModelKind::Billboard,
+                                      ModelKind::Bale,   ModelKind::TripleBale,
+                                      ModelKind::Drum,   ModelKind::Other};
+constexpr const char* kFaintCaption = "faint: left out by the load";
+} // namespace
+
+int SceneMapView::LegendTextWidth() const
+{
+    const QFontMetrics metrics(font());
+    int textWidth = metrics.horizontalAdvance(kFaintCaption);
+    for (const ModelKind kind : kLegendKinds)
+        textWidth = std::max(textWidth, metrics.horizontalAdvance(KindCaption(kind)) + 14);
+    return textWidth;
+}
+
 void SceneMapView::PaintAxesAndLegend(QPainter& p) const
 {
     // 3ds Max's origin, x along scene z, y against scene x.
@@ -187,19 +206,15 @@ void SceneMapView::PaintAxesAndLegend(QPainter& p) const
     // Legend and scale bar in the corners, in pixels.
     const QFontMetrics metrics(font());
     const int line = metrics.height() + 2;
-    const QString faint = "faint: left out by the load";
-    int textWidth = metrics.horizontalAdvance(faint);
-    const auto kinds = {ModelKind::Object,     ModelKind::Billboard, ModelKind::Bale,
-                        ModelKind::TripleBale, ModelKind::Drum,      ModelKind::Other};
-    for (const ModelKind kind : kinds)
-        textWidth = std::max(textWidth, metrics.horizontalAdvance(KindCaption(kind)) + 14);
+    const QString faint = kFaintCaption;
+    const int textWidth = LegendTextWidth();
     const QRect box(width() - textWidth - 16, 4, textWidth + 12, line * 7 + 8);
     p.fillRect(box, QColor(255, 255, 255, 220));
     p.setPen(Qt::gray);
     p.drawRect(box);
     int y = box.top() + 4;
     p.setPen(Qt::black);
-    for (const ModelKind kind : kinds) {
+    for (const ModelKind kind : kLegendKinds) {
         p.fillRect(QRectF(box.left() + 6, y + line / 2 - 4, 8, 8), KindColor(kind));
         p.drawText(QRect(box.left() + 20, y, textWidth, line), Qt::AlignVCenter, KindCaption(kind));
         y += line;

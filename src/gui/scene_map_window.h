@@ -41,6 +41,8 @@ private:
     // Picture coordinates (right: scene z, down: scene x) to the widget and back.
     QPointF ToScreen(double x, double z) const;
     void Fit();
+    // Width of the legend's text column, which the fitted picture keeps clear of.
+    int LegendTextWidth() const;
     void PaintTerrain(QPainter& p) const;
     void PaintModels(QPainter& p) const;
     void PaintPlacements(QPainter& p) const;
