@@ -8,6 +8,7 @@
 #include "support/conversions.h"
 #include "support/failure.h"
 #include "support/files.h"
+#include "support/parsed_profile.h"
 
 namespace tos {
 
@@ -16,27 +17,13 @@ namespace {
 constexpr const char* kExtension = ".tosbatch";
 constexpr int kMaxItems = 32767;
 
-bool IsBlank(char c)
-{
-    return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
-}
-
-std::string_view Trimmed(std::string_view text)
-{
-    while (!text.empty() && IsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
 // The reader drops white space at both ends and one pair of equal quotes
 // around a value; a value it would change that way goes into double quotes.
 std::string Quoted(const std::string& value)
 {
     if (value.empty())
         return value;
-    const bool trimmed = IsBlank(value.front()) || IsBlank(value.back());
+    const bool trimmed = IsProfileWhite(value.front()) || IsProfileWhite(value.back());
     const bool quoted = value.size() >= 2 && value.front() == value.back() &&
                         (value.front() == '"' || value.front() == '\'');
     return trimmed || quoted ? '"' + value + '"' : value;
@@ -79,12 +66,12 @@ struct Section {
 std::optional<std::string> Take(Section& section, std::string_view key)
 {
     for (auto it = section.lines.begin(); it != section.lines.end(); ++it) {
-        const std::string_view line = Trimmed(*it);
+        const std::string_view line = TrimProfileWhite(*it);
         const std::size_t equals = line.find('=');
         if (equals == std::string_view::npos ||
-            !EqualsIgnoringCase(Trimmed(line.substr(0, equals)), key))
+            !EqualsIgnoringCase(TrimProfileWhite(line.substr(0, equals)), key))
             continue;
-        std::string value = Unquoted(Trimmed(line.substr(equals + 1)));
+        std::string value = Unquoted(TrimProfileWhite(line.substr(equals + 1)));
         section.lines.erase(it);
         return value;
     }
@@ -208,7 +195,7 @@ BatchListRead ParseBatchList(std::string_view text, const std::string& file)
     // Lines before the first header, then the sections in their order.
     std::vector<Section> sections;
     for (const std::string_view raw : Lines(text)) {
-        const std::string_view line = Trimmed(raw);
+        const std::string_view line = TrimProfileWhite(raw);
         const std::size_t close = line.rfind(']');
         if (!line.empty() && line.front() == '[' && close != std::string_view::npos) {
             sections.push_back({std::string(line.substr(1, close - 1)), std::string(raw), {}});

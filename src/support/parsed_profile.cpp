@@ -2,23 +2,19 @@
 
 namespace tos {
 
-namespace {
-
-bool IsWhite(char c)
+bool IsProfileWhite(char c)
 {
     return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
 }
 
-std::string_view TrimWhite(std::string_view t)
+std::string_view TrimProfileWhite(std::string_view t)
 {
-    while (!t.empty() && IsWhite(t.front()))
+    while (!t.empty() && IsProfileWhite(t.front()))
         t.remove_prefix(1);
-    while (!t.empty() && IsWhite(t.back()))
+    while (!t.empty() && IsProfileWhite(t.back()))
         t.remove_suffix(1);
     return t;
 }
-
-} // namespace
 
 ParsedProfile::ParsedProfile(std::string text) : text_(std::move(text))
 {
@@ -30,7 +26,7 @@ ParsedProfile::ParsedProfile(std::string text) : text_(std::move(text))
         std::size_t end = all.find_first_of("\r\n", at);
         if (end == std::string_view::npos)
             end = all.size();
-        const std::string_view line = TrimWhite(all.substr(at, end - at));
+        const std::string_view line = TrimProfileWhite(all.substr(at, end - at));
         const bool crLf = all.substr(end, 2) == "\r\n";
         at = end + (crLf ? 2 : 1);
         if (line.empty())
@@ -56,10 +52,10 @@ ParsedProfile::ParsedProfile(std::string text) : text_(std::move(text))
             continue;
         }
         std::string_view key = line.substr(0, eq);
-        while (!key.empty() && IsWhite(key.back()))
+        while (!key.empty() && IsProfileWhite(key.back()))
             key.remove_suffix(1);
         std::string_view value = line.substr(eq + 1);
-        while (!value.empty() && IsWhite(value.front()))
+        while (!value.empty() && IsProfileWhite(value.front()))
             value.remove_prefix(1);
         current->keys.push_back({key, value, true});
     }

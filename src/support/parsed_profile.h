@@ -11,6 +11,11 @@
 
 namespace tos {
 
+// White space of the profile form: blank, tab, CR, VT and FF; a line, a key and a
+// value lose it at their ends.
+bool IsProfileWhite(char c);
+std::string_view TrimProfileWhite(std::string_view text);
+
 // A profile file parsed the way the desktop's own profile reader sees it: lines end at
 // CR LF, LF or CR; white space round a line is ignored; "[name]" opens a section whose
 // name runs to the last "]"; the first section and the first key of a name count;
