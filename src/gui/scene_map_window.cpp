@@ -16,6 +16,7 @@
 
 #include "forms/app.h"
 #include "gui/cp1252.h"
+#include "map/map_presentation.h"
 
 namespace tos::gui {
 
@@ -23,28 +24,32 @@ namespace {
 
 constexpr double kPickPixels = 6;
 
-QColor KindColor(ModelKind kind)
+QColor Colour(std::uint32_t rgb, double opacity = 1)
 {
-    switch (kind) {
-    case ModelKind::Object:
-        return QColor(0x2b, 0x6c, 0xb0);
-    case ModelKind::Billboard:
-        return QColor(0xd5, 0x3f, 0x8c);
-    case ModelKind::Bale:
-        return QColor(0xd6, 0x9e, 0x2e);
-    case ModelKind::TripleBale:
-        return QColor(0x9c, 0x42, 0x21);
-    case ModelKind::Drum:
-        return QColor(0x2f, 0x85, 0x5a);
-    case ModelKind::Other:
-        break;
-    }
-    return QColor(0x71, 0x80, 0x96);
+    QColor colour(QRgb(rgb & 0xFFFFFF));
+    colour.setAlphaF(static_cast<float>(opacity));
+    return colour;
 }
 
-QString Coordinates(double x, double y, double z)
+QPen PlacementPen(LegendMark mark)
 {
-    return QString("%1, %2, %3").arg(x).arg(y).arg(z);
+    if (mark == LegendMark::First)
+        return QPen(Colour(map_colour::kFirst), 2.5);
+    if (mark == LegendMark::Folded)
+        return QPen(Colour(map_colour::kFolded), 1.5, Qt::DashLine);
+    return QPen(Colour(map_colour::kCopy), 1.5);
+}
+
+QPen FoldTilePen()
+{
+    return QPen(Colour(map_colour::kFolded), 1.5, Qt::DashLine);
+}
+
+void PaintMainTile(QPainter& p, const QRectF& window)
+{
+    p.fillRect(window, Colour(map_colour::kMainTile, kMainTileOpacity));
+    p.setPen(QPen(Colour(map_colour::kMainTileEdge), 2));
+    p.drawRect(window);
 }
 
 } // namespace
@@ -113,26 +118,24 @@ void SceneMapView::PaintTerrain(QPainter& p) const
     const double side = map_->terrainSide;
     if (side > 0) {
         const QRectF terrain(ToScreen(0, 0), ToScreen(side, side));
-        p.fillRect(terrain, QColor(0xee, 0xf3, 0xe6));
-        p.setPen(QColor(0xb4, 0xc2, 0xa5));
+        p.fillRect(terrain, Colour(map_colour::kTerrain));
+        p.setPen(Colour(map_colour::kGrid));
         for (int i = 1; i < map_->tiles; ++i) {
             const double at = side * i / map_->tiles;
             p.drawLine(ToScreen(0, at), ToScreen(side, at));
             p.drawLine(ToScreen(at, 0), ToScreen(at, side));
         }
-        p.setPen(QColor(0x6b, 0x7d, 0x5c));
+        p.setPen(Colour(map_colour::kTerrainEdge));
         p.drawRect(terrain);
     }
     if (!map_->mainTile && map_->tile > 0) {
-        p.setPen(QPen(QColor(0x80, 0x5a, 0xd5), 1.5, Qt::DashLine));
+        p.setPen(FoldTilePen());
         p.drawRect(QRectF(ToScreen(0, 0), ToScreen(map_->tile, map_->tile)));
     }
     if (map_->windowEnd > map_->windowStart) {
         const QRectF window(ToScreen(map_->windowStart, map_->windowStart),
                             ToScreen(map_->windowEnd, map_->windowEnd));
-        p.fillRect(window, QColor(0xff, 0xe9, 0xa8, 115));
-        p.setPen(QPen(QColor(0xc2, 0x7c, 0x00), 2));
-        p.drawRect(window);
+        PaintMainTile(p, window);
     }
 }
 
@@ -143,10 +146,8 @@ void SceneMapView::PaintModels(QPainter& p) const
         const QPointF at = ToScreen(m.x, m.z);
         if (!visible.contains(at))
             continue;
-        QColor colour = KindColor(m.kind);
-        if (!m.taken)
-            colour.setAlpha(90);
-        p.fillRect(QRectF(at.x() - 2.5, at.y() - 2.5, 5, 5), colour);
+        p.fillRect(QRectF(at.x() - 2.5, at.y() - 2.5, 5, 5),
+                   Colour(KindColour(m.kind), m.taken ? 1 : kFaintOpacity));
     }
 }
 
@@ -160,9 +161,9 @@ void SceneMapView::PaintPlacements(QPainter& p) const
         if (norm > 0)
             p.drawLine(at, at + QPointF(pl.lookX / norm * 12, -pl.lookY / norm * 12));
     };
-    const QPen copy(QColor(0xe5, 0x3e, 0x3e), 1.5);
-    const QPen first(Qt::black, 2.5);
-    QPen folded(QColor(0x80, 0x5a, 0xd5), 1.5, Qt::DashLine);
+    const QPen copy = PlacementPen(LegendMark::Copy);
+    const QPen first = PlacementPen(LegendMark::First);
+    const QPen folded = PlacementPen(LegendMark::Folded);
     for (const MapPlacement& pl : map_->placements) {
         const QPointF at = ToScreen(pl.at.x, pl.at.z);
         if (pl.folded) {
@@ -175,27 +176,47 @@ void SceneMapView::PaintPlacements(QPainter& p) const
     }
 }
 
-namespace {
-constexpr ModelKind kLegendKinds[] = {ModelKind::Object, ModelKind::Billboard,
-                                      ModelKind::Bale,   ModelKind::TripleBale,
-                                      ModelKind::Drum,   ModelKind::Other};
-constexpr const char* kFaintCaption = "faint: left out by the load";
-} // namespace
-
 int SceneMapView::LegendTextWidth() const
 {
     const QFontMetrics metrics(font());
-    int textWidth = metrics.horizontalAdvance(kFaintCaption);
-    for (const ModelKind kind : kLegendKinds)
-        textWidth = std::max(textWidth, metrics.horizontalAdvance(KindCaption(kind)) + 14);
-    return textWidth;
+    int textWidth = 0;
+    for (const LegendEntry& entry : LegendOf(*map_))
+        textWidth = std::max(textWidth, metrics.horizontalAdvance(FromCp1252(entry.caption)));
+    return textWidth + 20;
+}
+
+void SceneMapView::PaintLegendMark(QPainter& p, const LegendEntry& entry, QRectF box) const
+{
+    const QPointF centre = box.center();
+    switch (entry.mark) {
+    case LegendMark::Model:
+    case LegendMark::FaintModel:
+        p.fillRect(
+            QRectF(centre.x() - 4, centre.y() - 4, 8, 8),
+            Colour(KindColour(entry.kind), entry.mark == LegendMark::Model ? 1 : kFaintOpacity));
+        return;
+    case LegendMark::Copy:
+    case LegendMark::First:
+    case LegendMark::Folded:
+        p.setPen(PlacementPen(entry.mark));
+        p.setBrush(Qt::NoBrush);
+        p.drawEllipse(centre, 5, 5);
+        return;
+    case LegendMark::MainTile:
+        PaintMainTile(p, box.adjusted(1, 1, -1, -1));
+        return;
+    case LegendMark::FoldTile:
+        p.setPen(FoldTilePen());
+        p.drawRect(box.adjusted(1, 1, -1, -1));
+        return;
+    }
 }
 
 void SceneMapView::PaintAxesAndLegend(QPainter& p) const
 {
     // 3ds Max's origin, x along scene z, y against scene x.
     const QPointF origin = ToScreen(map_->centre, map_->centre);
-    p.setPen(QPen(Qt::black, 1.5));
+    p.setPen(QPen(Colour(map_colour::kAxis), 1.5));
     p.drawEllipse(origin, 4, 4);
     p.drawLine(origin, origin + QPointF(40, 0));
     p.drawLine(origin, origin + QPointF(0, -40));
@@ -206,20 +227,21 @@ void SceneMapView::PaintAxesAndLegend(QPainter& p) const
     // Legend and scale bar in the corners, in pixels.
     const QFontMetrics metrics(font());
     const int line = metrics.height() + 2;
-    const QString faint = kFaintCaption;
+    const std::vector<LegendEntry> legend = LegendOf(*map_);
     const int textWidth = LegendTextWidth();
-    const QRect box(width() - textWidth - 16, 4, textWidth + 12, line * 7 + 8);
+    const QRect box(width() - textWidth - 16, 4, textWidth + 12,
+                    line * static_cast<int>(legend.size()) + 8);
     p.fillRect(box, QColor(255, 255, 255, 220));
     p.setPen(Qt::gray);
     p.drawRect(box);
     int y = box.top() + 4;
-    p.setPen(Qt::black);
-    for (const ModelKind kind : kLegendKinds) {
-        p.fillRect(QRectF(box.left() + 6, y + line / 2 - 4, 8, 8), KindColor(kind));
-        p.drawText(QRect(box.left() + 20, y, textWidth, line), Qt::AlignVCenter, KindCaption(kind));
+    for (const LegendEntry& entry : legend) {
+        PaintLegendMark(p, entry, QRectF(box.left() + 4, y + line / 2 - 6, 12, 12));
+        p.setPen(Qt::black);
+        p.drawText(QRect(box.left() + 20, y, textWidth, line), Qt::AlignVCenter,
+                   FromCp1252(entry.caption));
         y += line;
     }
-    p.drawText(QRect(box.left() + 6, y, textWidth, line), Qt::AlignVCenter, faint);
 
     const double units = ScaleBarLength(150 / scale_);
     const double length = units * scale_;
@@ -227,7 +249,8 @@ void SceneMapView::PaintAxesAndLegend(QPainter& p) const
     p.drawLine(bar, bar + QPointF(length, 0));
     p.drawLine(bar, bar + QPointF(0, -5));
     p.drawLine(bar + QPointF(length, 0), bar + QPointF(length, -5));
-    p.drawText(bar + QPointF(length + 6, 0), QString("%1 scene units").arg(units));
+    p.drawText(bar + QPointF(length + 6, 0),
+               QString::fromStdString(MapNumber(units) + " scene units"));
 }
 
 QString SceneMapView::DescribeAt(QPointF point) const
@@ -235,7 +258,7 @@ QString SceneMapView::DescribeAt(QPointF point) const
     if (!map_)
         return {};
     double best = kPickPixels * kPickPixels;
-    QString text;
+    std::string text;
     auto consider = [&](double x, double z, auto describe) {
         const QPointF d = ToScreen(x, z) - point;
         const double dist = d.x() * d.x() + d.y() * d.y();
@@ -244,36 +267,15 @@ QString SceneMapView::DescribeAt(QPointF point) const
             text = describe();
         }
     };
-    auto modelText = [this](std::int32_t number) {
-        const auto it =
-            std::lower_bound(map_->models.begin(), map_->models.end(), number,
-                             [](const MapModel& m, std::int32_t n) { return m.number < n; });
-        if (it == map_->models.end() || it->number != number)
-            return QString("Model %1").arg(number);
-        return QString("Model %1\n%2\nPosition %3")
-            .arg(number)
-            .arg(FromCp1252(it->value))
-            .arg(Coordinates(it->x, it->y, it->z));
-    };
     for (const MapModel& m : map_->models)
-        consider(m.x, m.z, [&] {
-            return modelText(m.number) + (m.taken ? "" : "\nleft out of the lists by the load");
-        });
-    const auto count = static_cast<int>(map_->placements.size());
-    for (int i = 0; i < count; ++i) {
-        const MapPlacement& pl = map_->placements[static_cast<std::size_t>(i)];
-        const QString order = pl.first ? QString("first object, merged from the .max file")
-                                       : QString("copy %1 of %2").arg(i).arg(count - 1);
-        const QString stands =
-            QString("\nin 3ds Max at %1, %2 (before the object scale)").arg(pl.maxX).arg(pl.maxY);
-        consider(pl.at.x, pl.at.z, [&] { return modelText(pl.number) + "\n" + order + stands; });
+        consider(m.x, m.z, [&] { return DescribeModel(*map_, m); });
+    for (std::size_t i = 0; i < map_->placements.size(); ++i) {
+        const MapPlacement& pl = map_->placements[i];
+        consider(pl.at.x, pl.at.z, [&] { return DescribePlacement(*map_, i, false); });
         if (pl.folded)
-            consider(pl.folded->x, pl.folded->z, [&] {
-                return modelText(pl.number) + "\n" + order +
-                       QString("\nfolded to %1, %2").arg(pl.folded->x).arg(pl.folded->z) + stands;
-            });
+            consider(pl.folded->x, pl.folded->z, [&] { return DescribePlacement(*map_, i, true); });
     }
-    return text;
+    return FromCp1252(text);
 }
 
 bool SceneMapView::event(QEvent* e)
@@ -384,13 +386,7 @@ void SceneMapWindow::Refresh()
     stale_ = Stale::None;
     view_->SetMap(&map_, all);
 
-    QString text = map_.selection.empty()
-                       ? QString("No row selected")
-                       : QString("%1: %2")
-                             .arg(FromCp1252(map_.selection))
-                             .arg(QString::fromStdString(PlacementCount(map_.placements.size())));
-    text += map_.mainTile ? " on the main tile" : ", perimeter tiles folded onto one tile";
-    text += QString(" \u2014 %1 models").arg(map_.models.size());
+    QString text = FromCp1252(StatusLine(map_));
     for (const std::string& note : map_.notes)
         text += "\n" + FromCp1252(note);
     status_->setText(text);

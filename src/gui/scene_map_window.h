@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <optional>
 
+#include "map/map_presentation.h"
 #include "map/scene_map.h"
 
 class QLabel;
@@ -47,6 +48,7 @@ private:
     void PaintModels(QPainter& p) const;
     void PaintPlacements(QPainter& p) const;
     void PaintAxesAndLegend(QPainter& p) const;
+    void PaintLegendMark(QPainter& p, const LegendEntry& entry, QRectF box) const;
 
     const SceneMap* map_ = nullptr;
     double scale_ = 1; // pixels per scene unit

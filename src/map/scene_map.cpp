@@ -6,6 +6,7 @@
 
 #include "forms/app.h"
 #include "forms/record_walk.h"
+#include "map/path_text.h"
 #include "orientation/angles.h"
 #include "orientation/tile_grid.h"
 #include "support/conversions.h"
@@ -174,7 +175,8 @@ void SceneMapper::ReadModels(SceneMap& map)
     Impl& m = *impl_;
     m.quiet.notes.clear();
     map.models.clear();
-    map.scene = m.app.state.ScnFile;
+    const std::string& scene = m.app.state.ScnFile;
+    map.scene = PathAsText(scene);
     const std::int32_t count = m.app.state.NumberOfStaticModels.value();
     if (map.scene.empty() || count < 1) {
         m.modelNotes.clear();
@@ -182,7 +184,7 @@ void SceneMapper::ReadModels(SceneMap& map)
     }
     if (auto f = Trap([&] {
             const auto taken = m.TakenNumbers();
-            const auto numbers = m.profiles.NumberedSections(map.scene, "Model");
+            const auto numbers = m.profiles.NumberedSections(scene, "Model");
             if (!numbers) {
                 m.quiet.Note("The scene file cannot be read: " + map.scene);
                 return;

@@ -45,7 +45,7 @@ struct MapPlacement {
 
 // A picture of the loaded scene and of what the selected row's script will do.
 struct SceneMap {
-    std::string scene; // path of the scene file
+    std::string scene; // path of the scene file, as text to show
     int tiles = 0;     // TerrainWidth, rounded as the window rounds it
     double gridRes = 0;
     double terrainSide = 0; // tiles of GridRes x 256 each; 0 when that says nothing

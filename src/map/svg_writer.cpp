@@ -1,13 +1,15 @@
 #include "map/svg_writer.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "forms/code_page.h"
+#include "map/map_presentation.h"
 #include "map/scene_map.h"
 
 namespace tos {
@@ -22,18 +24,9 @@ template <class... Parts> std::string Cat(const Parts&... parts)
     return out;
 }
 
-// Characters of the bytes 0x80-0x9F of Windows-1252; the rest equals Latin-1.
-constexpr std::array<char16_t, 32> kHighControls = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-constexpr std::array<ModelKind, 6> kKinds{ModelKind::Object, ModelKind::Billboard,
-                                          ModelKind::Bale,   ModelKind::TripleBale,
-                                          ModelKind::Drum,   ModelKind::Other};
-
 // Text content or attribute value: markup characters escaped, bytes above ASCII
-// as character references, control characters (which XML forbids) as "?".
+// as character references, control characters (which XML forbids) as "?". Line
+// ends stay: a hover text has several lines.
 std::string Escape(std::string_view text)
 {
     std::string out;
@@ -57,9 +50,8 @@ std::string Escape(std::string_view text)
             break;
         }
         if (b >= 0x80) {
-            const unsigned code = b <= 0x9F ? kHighControls[b - 0x80] : b;
-            out += "&#" + std::to_string(code) + ";";
-        } else if (b < 0x20 && b != '\t') {
+            out += "&#" + std::to_string(static_cast<unsigned>(CharOfByte(b))) + ";";
+        } else if (b < 0x20 && b != '\t' && b != '\n') {
             out += '?';
         } else {
             out += ch;
@@ -68,14 +60,17 @@ std::string Escape(std::string_view text)
     return out;
 }
 
-// Shortest form to eight significant digits: enough for any scene coordinate.
 std::string Fmt(double v)
 {
-    if (std::abs(v) < 1e-9)
-        return "0";
-    char buffer[32];
-    const auto r = std::to_chars(buffer, buffer + sizeof buffer, v, std::chars_format::general, 8);
-    return std::string(buffer, r.ptr);
+    return MapNumber(v);
+}
+
+// A colour as CSS writes it.
+std::string Css(std::uint32_t rgb)
+{
+    char buffer[8];
+    std::snprintf(buffer, sizeof buffer, "#%06x", static_cast<unsigned>(rgb & 0xFFFFFF));
+    return buffer;
 }
 
 // A circle as path data, so that a marker and its heading make one element.
@@ -96,6 +91,27 @@ std::string Heading(double u, double v, double lookX, double lookY, double lengt
                Fmt(-lookY / norm * length));
 }
 
+// The status line and the reader's notes, broken at blanks into lines of at most
+// width characters, for the text under the picture.
+std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
+{
+    std::vector<std::string> lines;
+    std::vector<std::string> paragraphs{StatusLine(map)};
+    paragraphs.insert(paragraphs.end(), map.notes.begin(), map.notes.end());
+    for (const std::string& paragraph : paragraphs) {
+        std::string_view rest = paragraph;
+        while (rest.size() > width) {
+            std::size_t cut = rest.rfind(' ', width);
+            if (cut == std::string_view::npos || cut == 0)
+                cut = width;
+            lines.emplace_back(rest.substr(0, cut));
+            rest.remove_prefix(std::min(rest.size(), cut + (rest[cut] == ' ' ? 1 : 0)));
+        }
+        lines.emplace_back(rest);
+    }
+    return lines;
+}
+
 class Writer {
 public:
     Writer(const SceneMap& map, std::ostream& out) : map_(map), out_(out)
@@ -109,7 +125,11 @@ public:
         left_ = b.left - margin_;
         top_ = b.top - margin_;
         width_ = legendLeft_ + 48 * unit_ - left_;
-        height_ = std::max(b.bottom + margin_ + 6 * unit_, top_ + 75 * unit_) - top_;
+        // A character of the text is about one unit wide.
+        captions_ = CaptionLines(map, static_cast<std::size_t>(std::max(width_ / unit_ - 4, 40.0)));
+        captionTop_ = b.bottom + 8 * unit_;
+        const double bottom = captionTop_ + 2.5 * unit_ * static_cast<double>(captions_.size());
+        height_ = std::max(bottom + unit_, top_ + 75 * unit_) - top_;
     }
 
     void Write()
@@ -121,7 +141,6 @@ public:
              << "\" viewBox=\"" << Fmt(left_) << " " << Fmt(top_) << " " << Fmt(width_) << " "
              << Fmt(height_) << "\">\n"
              << "<title>Scene map of " << Escape(map_.scene) << "</title>\n";
-        WriteNotes();
         WriteStyle();
         WriteTerrain();
         WriteModels();
@@ -129,42 +148,42 @@ public:
         WriteAxes();
         WriteLegend();
         WriteScaleBar();
+        WriteCaptions();
         out_ << "</svg>\n";
     }
 
 private:
-    void WriteNotes()
-    {
-        if (map_.notes.empty())
-            return;
-        out_ << "<desc>";
-        for (const std::string& note : map_.notes)
-            out_ << Escape(note) << "\n";
-        out_ << "</desc>\n";
-    }
-
     void WriteStyle()
     {
+        namespace c = map_colour;
         const double u = unit_;
         out_ << "<style type=\"text/css\"><![CDATA[\n"
              << "text{font-family:sans-serif;font-size:" << Fmt(1.8 * u) << "px;fill:#222}\n"
-             << ".terrain{fill:#eef3e6;stroke:#6b7d5c;stroke-width:" << Fmt(0.2 * u) << "}\n"
-             << ".grid{fill:none;stroke:#b4c2a5;stroke-width:" << Fmt(0.12 * u) << "}\n"
-             << ".window{fill:#ffe9a8;fill-opacity:0.45;stroke:#c27c00;stroke-width:"
-             << Fmt(0.3 * u) << "}\n"
-             << "circle{fill-opacity:0.25;stroke:none}\n"
-             << "circle.taken{fill-opacity:1}\n"
-             << ".object{fill:#2b6cb0}\n.billboard{fill:#d53f8c}\n.bale{fill:#d69e2e}\n"
-             << ".triple-bale{fill:#9c4221}\n.drum{fill:#2f855a}\n.other{fill:#718096}\n"
-             << ".placement,.folded{fill:none;stroke-width:" << Fmt(0.25 * u) << "}\n"
-             << ".placement{stroke:#e53e3e}\n.placement.first{stroke:#000;stroke-width:"
-             << Fmt(0.5 * u) << "}\n"
-             << ".folded{stroke:#805ad5;stroke-dasharray:" << Fmt(0.6 * u) << "," << Fmt(0.4 * u)
+             << ".terrain{fill:" << Css(c::kTerrain) << ";stroke:" << Css(c::kTerrainEdge)
+             << ";stroke-width:" << Fmt(0.2 * u) << "}\n"
+             << ".grid{fill:none;stroke:" << Css(c::kGrid) << ";stroke-width:" << Fmt(0.12 * u)
              << "}\n"
-             << ".fold-tile{fill:none;stroke:#805ad5;stroke-width:" << Fmt(0.3 * u)
-             << ";stroke-dasharray:" << Fmt(1.2 * u) << "," << Fmt(0.8 * u) << "}\n"
-             << ".axis{fill:none;stroke:#000;stroke-width:" << Fmt(0.25 * u) << "}\n"
-             << ".scale{fill:none;stroke:#000;stroke-width:" << Fmt(0.35 * u) << "}\n"
+             << ".window{fill:" << Css(c::kMainTile) << ";fill-opacity:" << Fmt(kMainTileOpacity)
+             << ";stroke:" << Css(c::kMainTileEdge) << ";stroke-width:" << Fmt(0.3 * u) << "}\n"
+             << "circle{fill-opacity:" << Fmt(kFaintOpacity) << ";stroke:none}\n"
+             << "circle.taken{fill-opacity:1}\n";
+        for (const LegendEntry& entry : LegendOf(map_))
+            if (entry.mark == LegendMark::Model)
+                out_ << "." << KindClass(entry.kind) << "{fill:" << Css(KindColour(entry.kind))
+                     << "}\n";
+        out_ << ".placement,.folded{fill:none;stroke-width:" << Fmt(0.25 * u) << "}\n"
+             << ".placement{stroke:" << Css(c::kCopy)
+             << "}\n.placement.first{stroke:" << Css(c::kFirst) << ";stroke-width:" << Fmt(0.5 * u)
+             << "}\n"
+             << ".folded{stroke:" << Css(c::kFolded) << ";stroke-dasharray:" << Fmt(0.6 * u) << ","
+             << Fmt(0.4 * u) << "}\n"
+             << ".fold-tile{fill:none;stroke:" << Css(c::kFolded)
+             << ";stroke-width:" << Fmt(0.3 * u) << ";stroke-dasharray:" << Fmt(1.2 * u) << ","
+             << Fmt(0.8 * u) << "}\n"
+             << ".axis{fill:none;stroke:" << Css(c::kAxis) << ";stroke-width:" << Fmt(0.25 * u)
+             << "}\n"
+             << ".scale{fill:none;stroke:" << Css(c::kAxis) << ";stroke-width:" << Fmt(0.35 * u)
+             << "}\n"
              << "]]></style>\n";
     }
 
@@ -195,14 +214,20 @@ private:
         out_ << "</g>\n";
     }
 
+    // A browser shows an element's title as its hover text.
+    void Hover(const std::string& text) { out_ << "><title>" << Escape(text) << "</title>"; }
+
     void WriteModels()
     {
         const std::string r = Fmt(0.45 * unit_);
         out_ << "<g id=\"models\">\n";
-        for (const MapModel& m : map_.models)
+        for (const MapModel& m : map_.models) {
             out_ << "<circle class=\"" << KindClass(m.kind) << (m.taken ? " taken" : "")
                  << "\" data-model=\"" << m.number << "\" cx=\"" << Fmt(m.z) << "\" cy=\""
-                 << Fmt(m.x) << "\" r=\"" << r << "\"/>\n";
+                 << Fmt(m.x) << "\" r=\"" << r << "\"";
+            Hover(DescribeModel(map_, m));
+            out_ << "</circle>\n";
+        }
         out_ << "</g>\n";
     }
 
@@ -211,15 +236,21 @@ private:
         const double r = 0.9 * unit_;
         const double arm = 2.2 * unit_;
         out_ << "<g id=\"placements\">\n";
-        for (const MapPlacement& p : map_.placements) {
+        for (std::size_t i = 0; i < map_.placements.size(); ++i) {
+            const MapPlacement& p = map_.placements[i];
             out_ << "<path class=\"placement" << (p.first ? " first" : "") << "\" data-model=\""
                  << p.number << "\" d=\"" << Ring(p.at.z, p.at.x, r)
-                 << Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm) << "\"/>\n";
-            if (p.folded)
-                out_ << "<path class=\"folded\" data-model=\"" << p.number << "\" d=\"M"
-                     << Fmt(p.at.z) << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " "
-                     << Fmt(p.folded->x) << Ring(p.folded->z, p.folded->x, r)
-                     << Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm) << "\"/>\n";
+                 << Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm) << "\"";
+            Hover(DescribePlacement(map_, i, false));
+            out_ << "</path>\n";
+            if (!p.folded)
+                continue;
+            out_ << "<path class=\"folded\" data-model=\"" << p.number << "\" d=\"M" << Fmt(p.at.z)
+                 << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " " << Fmt(p.folded->x)
+                 << Ring(p.folded->z, p.folded->x, r)
+                 << Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm) << "\"";
+            Hover(DescribePlacement(map_, i, true));
+            out_ << "</path>\n";
         }
         out_ << "</g>\n";
     }
@@ -266,44 +297,48 @@ private:
         out_ << "</g>\n";
     }
 
+    void Mark(const LegendEntry& entry, double x, double y)
+    {
+        const double u = unit_;
+        const std::string ring = Ring(x + u, y, 0.9 * u);
+        switch (entry.mark) {
+        case LegendMark::Model:
+        case LegendMark::FaintModel:
+            out_ << "<circle class=\"" << KindClass(entry.kind)
+                 << (entry.mark == LegendMark::Model ? " taken" : "") << "\" cx=\"" << Fmt(x + u)
+                 << "\" cy=\"" << Fmt(y) << "\" r=\"" << Fmt(0.8 * u) << "\"/>\n";
+            return;
+        case LegendMark::Copy:
+        case LegendMark::First:
+        case LegendMark::Folded:
+            out_ << "<path class=\""
+                 << (entry.mark == LegendMark::Copy    ? "placement"
+                     : entry.mark == LegendMark::First ? "placement first"
+                                                       : "folded")
+                 << "\" d=\"" << ring << "\"/>\n";
+            return;
+        case LegendMark::MainTile:
+        case LegendMark::FoldTile:
+            out_ << "<rect class=\""
+                 << (entry.mark == LegendMark::MainTile ? "window" : "fold-tile") << "\" x=\""
+                 << Fmt(x) << "\" y=\"" << Fmt(y - u) << "\" width=\"" << Fmt(2 * u)
+                 << "\" height=\"" << Fmt(2 * u) << "\"/>\n";
+            return;
+        }
+    }
+
     void WriteLegend()
     {
         const double u = unit_;
         const double x = legendLeft_;
         double y = bounds_.top + 2 * u;
-        auto line = [&](const std::string& text) {
-            Text(x + 3 * u, y + 0.6 * u, text);
-            y += 3 * u;
-        };
         out_ << "<g id=\"legend\">\n";
         Text(x, y, "Scene map");
-        y += 3 * u;
-        std::string selection = map_.selection.empty() ? "no row selected" : map_.selection;
-        line("Selection: " + selection);
-        line(PlacementCount(map_.placements.size()) + ", " +
-             (map_.mainTile ? "main tile" : "perimeter tiles, folded onto one tile"));
-        y += u;
-        for (const ModelKind kind : kKinds) {
-            out_ << "<circle class=\"" << KindClass(kind) << " taken\" cx=\"" << Fmt(x + u)
-                 << "\" cy=\"" << Fmt(y) << "\" r=\"" << Fmt(0.8 * u) << "\"/>\n";
-            line(KindCaption(kind));
-        }
-        out_ << "<circle class=\"other\" cx=\"" << Fmt(x + u) << "\" cy=\"" << Fmt(y) << "\" r=\""
-             << Fmt(0.8 * u) << "\"/>\n";
-        line("Faint: left out of the lists by the load");
-        out_ << "<path class=\"placement\" d=\"" << Ring(x + u, y, 0.9 * u) << "\"/>\n";
-        line("Placement of a copy, with its heading");
-        out_ << "<path class=\"placement first\" d=\"" << Ring(x + u, y, 0.9 * u) << "\"/>\n";
-        line("First object (merged from the .max file)");
-        out_ << "<path class=\"folded\" d=\"" << Ring(x + u, y, 0.9 * u) << "\"/>\n";
-        line("Where a perimeter copy lands after folding");
-        out_ << "<rect class=\"window\" x=\"" << Fmt(x) << "\" y=\"" << Fmt(y - u) << "\" width=\""
-             << Fmt(2 * u) << "\" height=\"" << Fmt(2 * u) << "\"/>\n";
-        line("Main tile window of the load");
-        if (!map_.mainTile) {
-            out_ << "<rect class=\"fold-tile\" x=\"" << Fmt(x) << "\" y=\"" << Fmt(y - u)
-                 << "\" width=\"" << Fmt(2 * u) << "\" height=\"" << Fmt(2 * u) << "\"/>\n";
-            line("The tile perimeter copies fold onto");
+        y += 4 * u;
+        for (const LegendEntry& entry : LegendOf(map_)) {
+            Mark(entry, x, y);
+            Text(x + 3 * u, y + 0.6 * u, entry.caption);
+            y += 3 * u;
         }
         out_ << "</g>\n";
     }
@@ -320,9 +355,24 @@ private:
         out_ << "</g>\n";
     }
 
+    // What the window shows under its picture: the status line and what the
+    // reader would have said in message boxes.
+    void WriteCaptions()
+    {
+        out_ << "<g id=\"status\">\n";
+        double y = captionTop_;
+        for (const std::string& line : captions_) {
+            Text(bounds_.left, y, line);
+            y += 2.5 * unit_;
+        }
+        out_ << "</g>\n";
+    }
+
     const SceneMap& map_;
     std::ostream& out_;
     PictureBounds bounds_;
+    std::vector<std::string> captions_;
+    double captionTop_ = 0;
     double unit_ = 1, margin_ = 0, legendLeft_ = 0, left_ = 0, top_ = 0, width_ = 1, height_ = 1;
 };
 

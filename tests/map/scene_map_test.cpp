@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
-#include <sstream>
 
 #include "map/map_fixture.h"
+#include "map/map_presentation.h"
+#include "map/path_text.h"
 #include "map/scene_map.h"
 #include "map/scene_map_events.h"
-#include "map/svg_writer.h"
 #include "support/files.h"
 
 namespace tos::test {
@@ -116,6 +117,73 @@ TEST(SceneMap, ATileChoiceMadeAfterTheLoadShowsANoticeNotStaleCopies)
         EXPECT_EQ(map.notes.back().rfind("The tile choice has changed since the load", 0), 0u);
         f.app->main.chkPerimeterTile.SetValue(perimeter ? 1 : 0);
         EXPECT_FALSE(f.Map("Tree").placements.empty()) << perimeter;
+    }
+}
+
+// What the window and the picture say: the status line, and the hover texts of the
+// first model and of the last placement.
+TEST(SceneMap, StatusLineAndHoverTexts)
+{
+    struct Row {
+        bool perimeter;
+        const char* selection;
+        const char* status;
+        const char* lastPlacement; // "" without placements
+    };
+    const Row rows[] = {
+        {.perimeter = false,
+         .selection = "",
+         .status = "No row selected on the main tile \x97 9 models",
+         .lastPlacement = ""},
+        {.perimeter = false,
+         .selection = "Tree",
+         .status = "Tree: 2 placements on the main tile \x97 9 models",
+         .lastPlacement = "Model 9\nTree_KV_Elm.SLT\nPosition 1536, 0, 1536\ncopy 1 of 1\n"
+                          "in 3ds Max at -384, 384 (before the object scale)"},
+        {.perimeter = true,
+         .selection = "Barn",
+         .status = "Barn: 1 placement, perimeter tiles folded onto one tile \x97 9 models",
+         .lastPlacement = "Model 2\nBarn.SLT\nPosition 768.5, 0, 1536\nfirst object, merged "
+                          "from the .max file\nfolded to 0.5, 0\nin 3ds Max at -384, 383.5 "
+                          "(before the object scale)"},
+    };
+    for (const Row& r : rows) {
+        Loaded f(r.perimeter);
+        const SceneMap map = f.Map(r.selection);
+        EXPECT_EQ(StatusLine(map), r.status);
+        EXPECT_EQ(DescribeModel(map, map.models.at(0)),
+                  r.perimeter ? "Model 1\nTree_KV_Oak.SLT\nPosition 1920, 4, 2000\nleft out of "
+                                "the lists by the load"
+                              : "Model 1\nTree_KV_Oak.SLT\nPosition 1920, 4, 2000");
+        if (*r.lastPlacement != '\0')
+            EXPECT_EQ(DescribePlacement(map, map.placements.size() - 1, r.perimeter),
+                      r.lastPlacement);
+        EXPECT_EQ(LegendOf(map).back().mark,
+                  r.perimeter ? LegendMark::FoldTile : LegendMark::MainTile);
+    }
+}
+
+// The picture shows the scene's path as its characters: a UTF-8 system's path
+// becomes text of the code page, a byte of no UTF-8 sequence stays as it is.
+TEST(SceneMap, PathsBecomeTextOfTheCodePage)
+{
+    struct Row {
+        const char* path;
+        const char* posix;
+    };
+    const Row rows[] = {
+        {.path = "/p/T\xC3\xA4ler \xE2\x82\xAC.scn", .posix = "/p/T\xE4ler \x80.scn"},
+        {.path = "/p/\xE6\x97\xA5.scn", .posix = "/p/?.scn"},
+        {.path = "/p/T\xE4ler.scn", .posix = "/p/T\xE4ler.scn"},
+        {.path = "/p/\xC0\xAF\xE2\x82", .posix = "/p/\xC0\xAF\xE2\x82"},
+    };
+    for (const Row& r : rows) {
+#ifdef _WIN32
+        // Windows spells paths in the code page already.
+        EXPECT_EQ(PathAsText(r.path), r.path);
+#else
+        EXPECT_EQ(PathAsText(r.path), r.posix) << r.path;
+#endif
     }
 }
 
@@ -262,12 +330,17 @@ TEST(SceneMap, ButtonWithoutAWindowOpensThePictureFile)
             continue;
         }
         EXPECT_TRUE(texts.empty()) << r.what << testing::PrintToString(texts);
-        std::ostringstream svg;
-        WriteSvg(SceneMapper(app).Build(), svg);
-        std::string crlf;
-        for (char c : svg.str())
-            crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
-        EXPECT_EQ(ReadWholeFile(file), crlf) << r.what;
+        // The picture of the form's state, with the line ends of the scripts beside it.
+        const std::string svg = ReadWholeFile(file);
+        EXPECT_EQ(svg.rfind("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
+                            "<svg ",
+                            0),
+                  0u);
+        EXPECT_NE(svg.find("<path class=\"placement first\" data-model=\"1\" d=\"M19"),
+                  std::string::npos);
+        EXPECT_EQ(std::count(svg.begin(), svg.end(), '\n'),
+                  std::count(svg.begin(), svg.end(), '\r'));
+        EXPECT_EQ(svg.find("\r\r"), std::string::npos);
     }
 }
 

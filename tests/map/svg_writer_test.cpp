@@ -93,20 +93,64 @@ TEST(SvgWriter, OneElementPerModelAndPlacementInScriptOrder)
     }
 }
 
-TEST(SvgWriter, TextOfTheCodePageAndSizePerModel)
+// A map of a 100-unit terrain, so one picture unit is one scene unit.
+SceneMap SmallMap()
 {
     SceneMap map;
     map.scene = "C:\\Szenen\\T\xE4ler & <H\xF6he>.scn";
+    map.tiles = 2;
+    map.terrainSide = 100;
     map.selection = "Caf\xE9 \x80 \"1\"\x01";
-    map.tiles = 5;
-    map.gridRes = 3;
-    map.terrainSide = 3840;
-    std::string texts;
-    const std::size_t empty = Svg(map).size();
-    ParseModelElements(Svg(map), &texts);
-    EXPECT_NE(texts.find("T\xC3\xA4ler & <H\xC3\xB6he>.scn"), std::string::npos);
-    EXPECT_NE(texts.find("Caf\xC3\xA9 \xE2\x82\xAC \"1\"?"), std::string::npos);
+    map.models = {{.number = 7,
+                   .value = "Oak.SLT",
+                   .kind = ModelKind::Object,
+                   .x = 20,
+                   .y = 4,
+                   .z = 30,
+                   .taken = true},
+                  {.number = 8, .value = "Rock.xyz", .kind = ModelKind::Other, .x = 60, .z = 5}};
+    map.placements = {
+        {.number = 7, .at = {20, 30}, .lookX = 1, .maxX = -20, .maxY = 30, .first = true}};
+    map.notes = {"The scene file cannot be read: C:\\Szenen\\T\xE4ler.scn"};
+    return map;
+}
 
+TEST(SvgWriter, WritesTheMapsTextsColoursAndHoverTexts)
+{
+    const std::string svg = Svg(SmallMap());
+    const char* fragments[] = {
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<svg ",
+        "<title>Scene map of C:\\Szenen\\T&#228;ler &amp; &lt;H&#246;he&gt;.scn</title>",
+        ".object{fill:#2b6cb0}\n",
+        "circle{fill-opacity:0.3;stroke:none}\n",
+        "<path class=\"grid\" d=\"M50 0V100M0 50H100\"/>",
+        "<circle class=\"object taken\" data-model=\"7\" cx=\"30\" cy=\"20\" r=\"0.45\">"
+        "<title>Model 7\nOak.SLT\nPosition 20, 4, 30</title></circle>",
+        "<circle class=\"other\" data-model=\"8\" cx=\"5\" cy=\"60\" r=\"0.45\"><title>Model 8\n"
+        "Rock.xyz\nPosition 60, 0, 5\nleft out of the lists by the load</title></circle>",
+        "<path class=\"placement first\" data-model=\"7\" d=\"M29.1 20a0.9 0.9 0 1 0 1.8 0a0.9 0.9 "
+        "0 1 0 -1.8 0M30 20l2.2 0\"><title>Model 7\nOak.SLT\nPosition 20, 4, 30\nfirst object, "
+        "merged from the .max file\nin 3ds Max at -20, 30 (before the object scale)</title></path>",
+        ">Faint: left out of the lists by the load</text>",
+        // Under the picture: the status line and then the reader's notes.
+        ">Caf&#233; &#8364; &quot;1&quot;?: 1 placement on the main tile &#8212; 2 models</text>\n"
+        "<text x=\"0\" y=\"110.5\" text-anchor=\"start\">The scene file cannot be read: "
+        "C:\\Szenen\\T&#228;ler.scn</text>",
+    };
+    for (const char* fragment : fragments)
+        EXPECT_NE(svg.find(fragment), std::string::npos) << fragment << "\nin\n" << svg;
+    // The main tile's map shows no tile to fold onto, nor its legend line.
+    EXPECT_EQ(svg.find("id=\"fold-tile\""), std::string::npos);
+    EXPECT_EQ(svg.find("perimeter copies fold onto"), std::string::npos);
+    ParseModelElements(svg);
+}
+
+TEST(SvgWriter, SizePerModel)
+{
+    SceneMap map = SmallMap();
+    map.models.clear();
+    map.placements.clear();
+    const std::size_t empty = Svg(map).size();
     for (std::int32_t n = 1; n <= 1000; ++n)
         map.models.push_back({.number = 100000 + n,
                               .value = "Tree_KV_Oak.SLT",
@@ -117,7 +161,8 @@ TEST(SvgWriter, TextOfTheCodePageAndSizePerModel)
                               .taken = true});
     const std::string svg = Svg(map);
     EXPECT_EQ(ParseModelElements(svg).size(), 1000u);
-    EXPECT_LE((svg.size() - empty) / 1000.0, 150.0);
+    // The element and its hover text.
+    EXPECT_LE((svg.size() - empty) / 1000.0, 200.0);
 }
 
 } // namespace
