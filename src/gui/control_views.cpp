@@ -18,6 +18,7 @@
 #include <limits>
 #include <map>
 
+#include "forms/screen_text.h"
 #include "gui/cp1252.h"
 #include "gui/qt_platform.h"
 
@@ -117,27 +118,19 @@ QString Name(const Control& control)
     return QString::fromStdString(control.Name());
 }
 
-// The designed face where it is installed, else its metric-compatible stand-in,
-// else the desktop's face of the same kind: a script list must stay fixed-pitch.
+// The face both front ends choose, then the desktop's face of the same kind: a
+// script list must stay fixed-pitch.
 QStringList Families(const std::string& name, bool fixedPitch)
 {
     static std::map<std::string, QStringList> chosen;
     const auto known = chosen.find(name);
     if (known != chosen.end())
         return known->second;
-    static const std::map<std::string, QString> standIns = {
-        {"Courier New", QStringLiteral("Liberation Mono")},
-        {"Arial", QStringLiteral("Liberation Sans")},
-    };
     const QStringList installed = QFontDatabase::families();
     QStringList families;
-    const QString designed = QString::fromStdString(name);
-    const auto standIn = standIns.find(name);
-    if (standIn != standIns.end() && !installed.contains(designed, Qt::CaseInsensitive) &&
-        installed.contains(standIn->second, Qt::CaseInsensitive))
-        families << standIn->second;
-    else
-        families << designed;
+    families << QString::fromStdString(ChooseFace(name, [&installed](const std::string& face) {
+        return installed.contains(QString::fromStdString(face), Qt::CaseInsensitive);
+    }));
     families << (fixedPitch ? QStringLiteral("monospace") : QStringLiteral("sans-serif"));
     return chosen[name] = families;
 }
@@ -148,7 +141,7 @@ void PaintFont(const Control& control, QWidget* widget)
     if (font.name.empty())
         return;
     QFont f = widget->font();
-    const bool fixedPitch = font.name.find("Courier") != std::string::npos;
+    const bool fixedPitch = IsFixedPitchFace(font.name);
     f.setFamilies(Families(font.name, fixedPitch));
     if (font.points > 0)
         f.setPointSize(font.points);
@@ -196,23 +189,10 @@ template <class W, class Paint> void Mirror(Control& control, W* widget, Paint p
     repaint();
 }
 
-constexpr std::size_t kTabColumns = 8;
-
 bool IsControl(char c)
 {
     const auto b = static_cast<unsigned char>(c);
     return b < 0x20 || b == 0x7F;
-}
-
-// Columns a row takes on the screen: a tab goes on to the next stop.
-std::size_t ShownColumns(const std::string& row)
-{
-    if (std::none_of(row.begin(), row.end(), IsControl))
-        return row.size();
-    std::size_t columns = 0;
-    for (const char c : row)
-        columns = c == '\t' ? (columns / kTabColumns + 1) * kTabColumns : columns + 1;
-    return columns;
 }
 
 QString ShownText(const std::string& row)

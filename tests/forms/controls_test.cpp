@@ -4,6 +4,7 @@
 
 #include "common/fake_platform.h"
 #include "forms/app.h"
+#include "forms/screen_text.h"
 #include "support/failure.h"
 
 namespace tos {
@@ -54,6 +55,40 @@ TEST(ListBoxTest, SixteenBitListsStopAt32767AndScriptListsGoOn)
         const auto counted = Trap([&] { EXPECT_EQ(c.list->ListCount().value(), 32767); });
         EXPECT_EQ(counted ? counted->Number() : 0, c.kept > 32767 ? 6 : 0);
     }
+}
+
+// Both front ends ask for the same face: the designed one, else its stand-in, and
+// count a row's columns with the same tab stops.
+TEST(ScreenTextTest, FaceStandInsAndTabStops)
+{
+    struct Row {
+        const char* face;
+        const char* installed; // faces the desktop has, separated by '|'
+        const char* chosen;
+    };
+    const Row rows[] = {
+        {.face = "Courier New",
+         .installed = "Courier New|Liberation Mono",
+         .chosen = "Courier New"},
+        {.face = "Courier New", .installed = "Liberation Mono", .chosen = "Liberation Mono"},
+        {.face = "Arial", .installed = "Liberation Sans", .chosen = "Liberation Sans"},
+        {.face = "Arial", .installed = "", .chosen = "Arial"},
+        {.face = "Tahoma", .installed = "Liberation Sans", .chosen = "Tahoma"},
+    };
+    for (const Row& r : rows) {
+        const std::string installed = std::string("|") + r.installed + "|";
+        EXPECT_EQ(ChooseFace(r.face,
+                             [&](const std::string& face) {
+                                 return installed.find("|" + face + "|") != std::string::npos;
+                             }),
+                  r.chosen)
+            << r.face << " with " << r.installed;
+    }
+    EXPECT_TRUE(IsFixedPitchFace("Liberation Mono") && IsFixedPitchFace("Courier New"));
+    EXPECT_FALSE(IsFixedPitchFace("Arial"));
+    EXPECT_EQ(ShownColumns("ab\tc"), 9u);
+    EXPECT_EQ(ShownColumns("abcdefgh\t\t"), 24u);
+    EXPECT_EQ(ShownColumns(""), 0u);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "win/ui/fonts.h"
 
+#include "forms/screen_text.h"
+
 namespace tos::win::ui {
 
 namespace {
@@ -7,11 +9,6 @@ namespace {
 // The form was laid out for a small dialog font.
 constexpr const char* kFormFace = "MS Sans Serif";
 constexpr int kFormPoints = 8;
-
-bool IsFixedPitchFace(const std::string& face)
-{
-    return face.find("Courier") != std::string::npos || face.find("Mono") != std::string::npos;
-}
 
 int CALLBACK NoteFound(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM found)
 {
@@ -40,16 +37,7 @@ bool Installed(const std::string& face)
 
 std::string InstalledFace(const std::string& face)
 {
-    static const std::map<std::string, std::string> standIns = {
-        {"Courier New", "Liberation Mono"},
-        {"Arial", "Liberation Sans"},
-    };
-    if (Installed(face))
-        return face;
-    const auto it = standIns.find(face);
-    if (it != standIns.end() && Installed(it->second))
-        return it->second;
-    return face;
+    return ChooseFace(face, Installed);
 }
 
 FontCache::~FontCache()

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "forms/screen_text.h"
 #include "win/ui/form_window.h"
 
 namespace tos::win::ui {
@@ -12,16 +13,6 @@ namespace {
 
 constexpr int kTextMargin = 3;
 constexpr UINT kRowFormat = DT_SINGLELINE | DT_NOPREFIX | DT_EXPANDTABS | DT_VCENTER | DT_NOCLIP;
-
-// Width of a row in character cells, with tabs expanded to the next multiple of 8
-// as DrawText does.
-std::size_t Cells(const std::string& row)
-{
-    std::size_t cells = 0;
-    for (const char c : row)
-        cells = c == '\t' ? (cells / 8 + 1) * 8 : cells + 1;
-    return cells;
-}
 
 } // namespace
 
@@ -90,7 +81,7 @@ int ListMirror::WidestRowPixels() const
     const std::string* widest = nullptr;
     std::size_t widestCells = 0;
     for (const std::string& row : rows) {
-        const std::size_t cells = Cells(row);
+        const std::size_t cells = ShownColumns(row);
         if (!widest || cells > widestCells) {
             widest = &row;
             widestCells = cells;
