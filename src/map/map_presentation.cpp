@@ -69,24 +69,28 @@ std::string StatusLine(const SceneMap& map)
 
 namespace {
 
+std::string ModelLines(const MapModel& m)
+{
+    return "Model " + std::to_string(m.number) + "\n" + m.value + "\nPosition " + MapNumber(m.x) +
+           ", " + MapNumber(m.y) + ", " + MapNumber(m.z);
+}
+
+// A placement's model; a number the scene's models lack shows alone.
 std::string ModelLines(const SceneMap& map, std::int32_t number)
 {
     const auto it =
         std::lower_bound(map.models.begin(), map.models.end(), number,
                          [](const MapModel& m, std::int32_t n) { return m.number < n; });
-    std::string text = "Model " + std::to_string(number);
     if (it == map.models.end() || it->number != number)
-        return text;
-    return text + "\n" + it->value + "\nPosition " + MapNumber(it->x) + ", " + MapNumber(it->y) +
-           ", " + MapNumber(it->z);
+        return "Model " + std::to_string(number);
+    return ModelLines(*it);
 }
 
 } // namespace
 
-std::string DescribeModel(const SceneMap& map, const MapModel& model)
+std::string DescribeModel(const SceneMap&, const MapModel& model)
 {
-    return ModelLines(map, model.number) +
-           (model.taken ? "" : "\nleft out of the lists by the load");
+    return ModelLines(model) + (model.taken ? "" : "\nleft out of the lists by the load");
 }
 
 std::string DescribePlacement(const SceneMap& map, std::size_t index, bool folded)
