@@ -12,6 +12,7 @@ namespace tos::win::ui {
 namespace {
 
 constexpr int kTextMargin = 3;
+// DT_EXPANDTABS stops every eight characters, as ShownColumns counts when measuring.
 constexpr UINT kRowFormat = DT_SINGLELINE | DT_NOPREFIX | DT_EXPANDTABS | DT_VCENTER | DT_NOCLIP;
 
 } // namespace
