@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "forms/main_form.h"
 #include "gui/control_views.h"
 
 class QCloseEvent;
@@ -23,8 +24,8 @@ class MainWindow : public QWidget {
 public:
     // Inner area of the form at the designed 15 twips to the pixel; the window
     // opens at this size and can be made larger, not smaller.
-    static constexpr int kWidthPixels = 593;
-    static constexpr int kHeightPixels = 432;
+    static constexpr int kWidthPixels = MainForm::kWidthTwips / 15;
+    static constexpr int kHeightPixels = MainForm::kHeightTwips / 15;
 
     explicit MainWindow(App& app, QWidget* parent = nullptr);
 
