@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "forms/app.h"
+#include "forms/main_form_layout.h"
 #include "gui/control_views.h"
 #include "gui/cp1252.h"
 
@@ -20,12 +21,17 @@ namespace tos::gui {
 
 namespace {
 
-// Widths of the two columns and the usual heights of a row of controls.
-constexpr int kMargin = 8;
-constexpr int kLeftWidth = 404;
-constexpr int kRightLeft = kMargin + kLeftWidth + 8;
-constexpr int kRightWidth = MainWindow::kWidthPixels - kRightLeft - kMargin;
-constexpr int kRow = 22;
+// The designed place of a control, from the top left of its frame when it has one.
+QRect Designed(const MainForm& f, const Control& control, const Control* frame = nullptr)
+{
+    const DesignedPlace p = DesignedPlaceOf(f, control);
+    QRect place(p.x, p.y, p.width, p.height);
+    if (frame) {
+        const DesignedPlace origin = DesignedPlaceOf(f, *frame);
+        place.translate(-origin.x, -origin.y);
+    }
+    return place;
+}
 
 } // namespace
 
@@ -61,72 +67,67 @@ void MainWindow::BuildProjectFrame()
 {
     MainForm& f = app_.main;
     QGroupBox* frame = MakeFrame(f.frameSourceTolvarineProject, this);
-    frame->setGeometry(kMargin, 4, kLeftWidth, 186);
-    const int labelWidth = 160;
-    const int boxLeft = 12 + labelWidth;
-
-    MakeButton(f.btnBrowseProjectFile, frame)->setGeometry(10, 18, 66, 24);
-    MakeTextBox(f.txtProjectFilePath, frame)->setGeometry(82, 19, kLeftWidth - 92, kRow);
-    MakeCheckBox(f.chkMainTile, frame)->setGeometry(10, 46, 180, kRow);
-    MakeCheckBox(f.chkPerimeterTile, frame)->setGeometry(192, 46, 206, kRow);
-
-    MakeLabel(f.lblNumberOfTiles, frame)->setGeometry(10, 68, labelWidth, kRow);
-    MakeTextBox(f.txtNumberOfTiles, frame)->setGeometry(boxLeft, 68, 44, kRow);
-    MakeLabel(f.lblGridRes, frame)->setGeometry(boxLeft + 60, 68, 64, kRow);
-    MakeTextBox(f.txtGridRes, frame)->setGeometry(boxLeft + 124, 68, 54, kRow);
-    MakeLabel(f.lblNumOfSLTFiles, frame)->setGeometry(10, 90, labelWidth, kRow);
-    MakeLabel(f.lblSLTcount, frame)->setGeometry(boxLeft, 90, 80, kRow);
-
-    MakeLabel(f.lblSelectObject, frame)->setGeometry(10, 112, 100, kRow);
-    MakeComboBox(f.comboSelectObject, frame)->setGeometry(110, 112, kLeftWidth - 120, 24);
-
-    MakeLabel(f.lblVerticalScale, frame)->setGeometry(10, 140, labelWidth, kRow);
-    MakeTextBox(f.txtVerticalScale, frame)->setGeometry(boxLeft, 140, 64, kRow);
-    MakeButton(f.btnSceneMap, frame)->setGeometry(boxLeft + 76, 140, kLeftWidth - boxLeft - 86, 24);
-    MakeLabel(f.lblVerticalOffest, frame)->setGeometry(10, 162, labelWidth, kRow);
-    MakeTextBox(f.txtVerticalOffset, frame)->setGeometry(boxLeft, 162, 64, kRow);
+    frame->setGeometry(Designed(f, f.frameSourceTolvarineProject));
+    auto in = [&f](const Control& control) {
+        return Designed(f, control, &f.frameSourceTolvarineProject);
+    };
+    MakeButton(f.btnBrowseProjectFile, frame)->setGeometry(in(f.btnBrowseProjectFile));
+    MakeTextBox(f.txtProjectFilePath, frame)->setGeometry(in(f.txtProjectFilePath));
+    MakeCheckBox(f.chkMainTile, frame)->setGeometry(in(f.chkMainTile));
+    MakeCheckBox(f.chkPerimeterTile, frame)->setGeometry(in(f.chkPerimeterTile));
+    MakeLabel(f.lblNumberOfTiles, frame)->setGeometry(in(f.lblNumberOfTiles));
+    MakeTextBox(f.txtNumberOfTiles, frame)->setGeometry(in(f.txtNumberOfTiles));
+    MakeLabel(f.lblGridRes, frame)->setGeometry(in(f.lblGridRes));
+    MakeTextBox(f.txtGridRes, frame)->setGeometry(in(f.txtGridRes));
+    MakeLabel(f.lblNumOfSLTFiles, frame)->setGeometry(in(f.lblNumOfSLTFiles));
+    MakeLabel(f.lblSLTcount, frame)->setGeometry(in(f.lblSLTcount));
+    MakeLabel(f.lblSelectObject, frame)->setGeometry(in(f.lblSelectObject));
+    MakeComboBox(f.comboSelectObject, frame)->setGeometry(in(f.comboSelectObject));
+    MakeLabel(f.lblVerticalScale, frame)->setGeometry(in(f.lblVerticalScale));
+    MakeTextBox(f.txtVerticalScale, frame)->setGeometry(in(f.txtVerticalScale));
+    MakeButton(f.btnSceneMap, frame)->setGeometry(in(f.btnSceneMap));
+    MakeLabel(f.lblVerticalOffest, frame)->setGeometry(in(f.lblVerticalOffest));
+    MakeTextBox(f.txtVerticalOffset, frame)->setGeometry(in(f.txtVerticalOffset));
 }
 
 void MainWindow::BuildMaxFrame()
 {
     MainForm& f = app_.main;
     QGroupBox* frame = MakeFrame(f.Frame2, this);
-    frame->setGeometry(kMargin, 194, kLeftWidth, 96);
-
-    MakeButton(f.btnBrowseMaxFile, frame)->setGeometry(10, 18, 66, 24);
-    MakeTextBox(f.txtMaxFile, frame)->setGeometry(82, 19, kLeftWidth - 92, kRow);
-    MakeLabel(f.lblMaxObjectName, frame)->setGeometry(10, 44, 90, kRow);
-    MakeTextBox(f.txtMaxObjectName, frame)->setGeometry(100, 44, kLeftWidth - 110, kRow);
-    MakeCheckBox(f.chkUseTolvarineName, frame)->setGeometry(10, 68, 170, kRow);
-    MakeCheckBox(f.chkUseMaxName, frame)->setGeometry(190, 68, 200, kRow);
+    frame->setGeometry(Designed(f, f.Frame2));
+    auto in = [&f](const Control& control) { return Designed(f, control, &f.Frame2); };
+    MakeButton(f.btnBrowseMaxFile, frame)->setGeometry(in(f.btnBrowseMaxFile));
+    MakeTextBox(f.txtMaxFile, frame)->setGeometry(in(f.txtMaxFile));
+    MakeLabel(f.lblMaxObjectName, frame)->setGeometry(in(f.lblMaxObjectName));
+    MakeTextBox(f.txtMaxObjectName, frame)->setGeometry(in(f.txtMaxObjectName));
+    MakeCheckBox(f.chkUseTolvarineName, frame)->setGeometry(in(f.chkUseTolvarineName));
+    MakeCheckBox(f.chkUseMaxName, frame)->setGeometry(in(f.chkUseMaxName));
 }
 
 void MainWindow::BuildRightColumn()
 {
     MainForm& f = app_.main;
-    int y = 10;
-    auto place = [&y](QWidget* w, int height, int gap) {
-        w->setGeometry(kRightLeft, y, kRightWidth, height);
-        y += height + gap;
-    };
-    place(MakeButton(f.btnProcess, this), 30, 4);
-    place(MakeCheckBox(f.chkSave, this), kRow, 4);
-    place(MakeButton(f.btnProcessAll, this), 24, 4);
-    place(MakeButton(f.btnRunScriptCompiler, this), 24, 4);
-    place(MakeButton(f.btnViewHelp, this), 24, 4);
-    place(MakeButton(f.btnExit, this), 24, 10);
-    place(MakeCheckBox(f.chkUseObjectScale, this), kRow, 2);
-    place(MakeTextBox(f.txtObjectScale, this), kRow, 10);
-    place(MakeLabel(f.lblCalcGridSize, this), kRow, 2);
-    place(MakeTextBox(f.txtGridSize, this), kRow, 0);
+    MakeButton(f.btnProcess, this)->setGeometry(Designed(f, f.btnProcess));
+    MakeCheckBox(f.chkSave, this)->setGeometry(Designed(f, f.chkSave));
+    MakeButton(f.btnProcessAll, this)->setGeometry(Designed(f, f.btnProcessAll));
+    MakeButton(f.btnRunScriptCompiler, this)->setGeometry(Designed(f, f.btnRunScriptCompiler));
+    MakeButton(f.btnViewHelp, this)->setGeometry(Designed(f, f.btnViewHelp));
+    MakeButton(f.btnExit, this)->setGeometry(Designed(f, f.btnExit));
+    MakeCheckBox(f.chkUseObjectScale, this)->setGeometry(Designed(f, f.chkUseObjectScale));
+    MakeTextBox(f.txtObjectScale, this)->setGeometry(Designed(f, f.txtObjectScale));
+    MakeLabel(f.lblCalcGridSize, this)->setGeometry(Designed(f, f.lblCalcGridSize));
+    MakeTextBox(f.txtGridSize, this)->setGeometry(Designed(f, f.txtGridSize));
 }
 
 void MainWindow::BuildOutputFrames()
 {
     MainForm& f = app_.main;
     output_ = MakeFrame(f.frameMaxScriptOutput, this);
-    MakeCheckBox(f.chkMax2008, output_)->setGeometry(8, 16, 200, 20);
-    MakeCheckBox(f.chkInstances, output_)->setGeometry(212, 16, 200, 20);
+    auto in = [&f](const Control& control) {
+        return Designed(f, control, &f.frameMaxScriptOutput);
+    };
+    MakeCheckBox(f.chkMax2008, output_)->setGeometry(in(f.chkMax2008));
+    MakeCheckBox(f.chkInstances, output_)->setGeometry(in(f.chkInstances));
     script_ = MakeListBox(f.List2, output_);
     // One line under the script, cut to its width, the whole text as its tooltip.
     check_ = MakeLabel(f.lblScriptCheck, output_);
@@ -138,7 +139,7 @@ void MainWindow::BuildOutputFrames()
 
     // The record lists are the program's working data, never shown.
     credits_ = MakeFrame(f.Frame1, this);
-    MakeLabel(f.lblVersion, credits_)->setGeometry(10, 6, 70, 22);
+    MakeLabel(f.lblVersion, credits_)->setGeometry(Designed(f, f.lblVersion, &f.Frame1));
     creditsText_ = MakeLabel(f.lblCredits, credits_);
     creditsText_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     PlaceOutputFrames();
@@ -148,14 +149,18 @@ void MainWindow::BuildOutputFrames()
 // with the window and the credits stay at its foot.
 void MainWindow::PlaceOutputFrames()
 {
-    const int width = this->width() - 2 * kMargin;
+    const MainForm& f = app_.main;
+    const int wider = std::max(0, width() - kWidthPixels);
     const int taller = std::max(0, height() - kHeightPixels);
-    output_->setGeometry(kMargin, 292, width, 100 + taller);
-    script_->setGeometry(8, 38, width - 16, 38 + taller);
-    check_->setGeometry(8, 77 + taller, width - 16, 18);
+    output_->setGeometry(Designed(f, f.frameMaxScriptOutput).adjusted(0, 0, wider, taller));
+    script_->setGeometry(
+        Designed(f, f.List2, &f.frameMaxScriptOutput).adjusted(0, 0, wider, taller));
+    check_->setGeometry(Designed(f, f.lblScriptCheck, &f.frameMaxScriptOutput)
+                            .translated(0, taller)
+                            .adjusted(0, 0, wider, 0));
     ElideCheckLine();
-    credits_->setGeometry(kMargin, 394 + taller, width, 34);
-    creditsText_->setGeometry(90, 2, width - 100, 30);
+    credits_->setGeometry(Designed(f, f.Frame1).translated(0, taller).adjusted(0, 0, wider, 0));
+    creditsText_->setGeometry(Designed(f, f.lblCredits, &f.Frame1).adjusted(0, 0, wider, 0));
 }
 
 void MainWindow::ElideCheckLine()

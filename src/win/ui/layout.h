@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "forms/main_form_layout.h"
+
 namespace tos::win::ui {
 
 // A place on a form in twips, measured from the top left of its inner area.
@@ -13,6 +15,12 @@ struct TwipRect {
     int width = 0;
     int height = 0;
 };
+
+// A place of the form as designed, at 15 twips to its pixel.
+inline TwipRect TwipsOf(const DesignedPlace& place)
+{
+    return {15 * place.x, 15 * place.y, 15 * place.width, 15 * place.height};
+}
 
 // How a control follows its form when the user makes the form larger than
 // designed. Combine with |.

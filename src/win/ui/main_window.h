@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "win/ui/form_window.h"
 
 namespace tos {
@@ -27,6 +29,12 @@ private:
     void BuildRightColumn();
     void BuildOutputFrames();
     void SyncForm();
+    // Adds the mirror of a control at its designed place.
+    template <class M, class C, class... Args> M& Put(C& control, unsigned anchor, Args&&... args)
+    {
+        return Add<M>(control, Designed(control), anchor, std::forward<Args>(args)...);
+    }
+    TwipRect Designed(const Control& control) const;
 
     App& app_;
 };
