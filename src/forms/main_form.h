@@ -16,9 +16,11 @@ struct MainForm {
     MainForm& operator=(const MainForm&) = delete;
 
     std::string caption = "Tolvarine Object Scripter";
-    // Inner area in twips; the window has no maximise button.
+    // Inner area in twips; the window has no maximise button. The two style boxes
+    // and the check's line took 38 pixels above and below the script list, so the
+    // form is that much taller than the first design and the list keeps its four rows.
     static constexpr int kWidthTwips = 8895;
-    static constexpr int kHeightTwips = 6480;
+    static constexpr int kHeightTwips = 6480 + 38 * 15;
     // Position in twips, set by the centring routines.
     int left = 0;
     int top = 0;

@@ -77,14 +77,14 @@ DesignedPlace DesignedPlaceOf(const MainForm& f, const Control& control)
 
         // The script list takes the room a larger window gives; the credits stay
         // at the foot.
-        {&f.frameMaxScriptOutput, {kLeft, 292, kFullWidth, 96}},
+        {&f.frameMaxScriptOutput, {kLeft, 292, kFullWidth, 134}},
         {&f.chkMax2008, {16, 308, 200, 20}},
         {&f.chkInstances, {220, 308, 200, 20}},
-        {&f.List2, {16, 330, kFullWidth - 16, 38}},
-        {&f.lblScriptCheck, {16, 370, kFullWidth - 16, kLine}},
-        {&f.Frame1, {kLeft, 389, kFullWidth, 39}},
-        {&f.lblVersion, {18, 404, 70, kLine}},
-        {&f.lblCredits, {98, 396, kFullWidth - 100, 30}},
+        {&f.List2, {16, 330, kFullWidth - 16, 76}},
+        {&f.lblScriptCheck, {16, 408, kFullWidth - 16, kLine}},
+        {&f.Frame1, {kLeft, 427, kFullWidth, 39}},
+        {&f.lblVersion, {18, 442, 70, kLine}},
+        {&f.lblCredits, {98, 434, kFullWidth - 100, 30}},
     };
     for (const auto& [placed, place] : places)
         if (placed == &control)

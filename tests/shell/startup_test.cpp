@@ -87,9 +87,9 @@ TEST(Startup, CentringPutsEachFormInTheMiddleOrAtTheEdge)
     // clang-format off
     const std::tuple<double, double, int, int, int, int> rows[] = {
         // screen width, height  main form: left, top   combiner: left, top
-        {19200, 10800,           5152,  2160,           6592,  2737},
-        {8895,  6481,            0,     0,              1440,  578},  // room of 0 and of 1 twip
-        {40000, 20000,           0,     6760,           0,     7337}, // width past 16 bits
+        {19200, 10800,           5152,  1875,           6592,  2737},
+        {8895,  7051,            0,     0,              1440,  863},  // room of 0 and of 1 twip
+        {40000, 20000,           0,     6475,           0,     7337}, // width past 16 bits
         {32767, 32768,           11936, 0,              13376, 0},
     };
     // clang-format on
