@@ -2,9 +2,8 @@
 
 #include <filesystem>
 #include <optional>
-#include <sstream>
 
-#include "cli/commands.h"
+#include "cli_run.h"
 #include "common/scratch.h"
 
 namespace tos {
@@ -37,16 +36,13 @@ TEST(CombineCommand, JoinsScriptsAsTheWindowDoes)
     // clang-format on
     for (const auto& [args, status, written, err] : cases) {
         std::filesystem::remove(out);
-        std::vector<const char*> argv{"tos-cli", "combine"};
-        for (const auto& arg : args)
-            argv.push_back(arg.c_str());
-        std::ostringstream stdOut, stdErr;
-        EXPECT_EQ(cli::Run(static_cast<int>(argv.size()), argv.data(), stdOut, stdErr,
-                           programDir.Path().string()),
-                  status);
-        EXPECT_EQ(stdOut.str(), "");
-        EXPECT_TRUE(status == 2 ? stdErr.str().find(err) != std::string::npos : stdErr.str() == err)
-            << stdErr.str();
+        std::vector<std::string> all{"combine"};
+        all.insert(all.end(), args.begin(), args.end());
+        const test::CliResult run = test::RunCli(all, programDir.Path().string());
+        EXPECT_EQ(run.status, status);
+        EXPECT_EQ(run.out, "");
+        EXPECT_TRUE(status == 2 ? run.err.find(err) != std::string::npos : run.err == err)
+            << run.err;
         if (written)
             EXPECT_EQ(test::ReadBytes(args[0]), *written);
         else
