@@ -79,6 +79,44 @@ LONG WidestText(HWND window, const std::vector<std::string>& rows)
     return widest;
 }
 
+// Each window shows what its control in the model holds.
+void ExpectMirrors(const Windows& w)
+{
+    const MainForm& m = w.app.main;
+    HWND form = w.main.Handle();
+    const std::pair<const Control*, std::string> shown[] = {
+        {&m.txtProjectFilePath, m.txtProjectFilePath.Text()},
+        {&m.txtGridRes, m.txtGridRes.Text()},
+        {&m.btnProcess, m.btnProcess.Caption()},
+        {&m.chkMainTile, m.chkMainTile.Caption()},
+        {&m.chkInstances, m.chkInstances.Caption()},
+        {&m.lblScriptCheck, m.lblScriptCheck.Caption()},
+    };
+    for (const auto& [control, text] : shown) {
+        HWND window = w.Main(control->Name().c_str());
+        EXPECT_EQ(Text(window), text) << control->Name();
+        EXPECT_EQ(IsWindowEnabled(window) != FALSE, control->Enabled()) << control->Name();
+    }
+    for (const CheckBox* box : {&m.chkMainTile, &m.chkPerimeterTile, &m.chkMax2008})
+        EXPECT_EQ(SendMessageA(w.Main(box->Name().c_str()), BM_GETCHECK, 0, 0),
+                  box->Checked() ? BST_CHECKED : BST_UNCHECKED)
+            << box->Name();
+    // A locked box is grey, a disabled one keeps the system's disabled look.
+    HDC dc = GetDC(form);
+    for (const TextBox* box : {&m.txtProjectFilePath, &m.txtGridSize, &m.txtObjectScale}) {
+        HWND window = w.Main(box->Name().c_str());
+        EXPECT_EQ((Style(window) & ES_READONLY) != 0, box->Locked()) << box->Name();
+        const bool grey = box->Back() == BackColor::ButtonFace || !box->Enabled();
+        const LRESULT brush =
+            SendMessageA(form, grey ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT,
+                         reinterpret_cast<WPARAM>(dc), reinterpret_cast<LPARAM>(window));
+        EXPECT_EQ(reinterpret_cast<HBRUSH>(brush),
+                  GetSysColorBrush(grey ? COLOR_BTNFACE : COLOR_WINDOW))
+            << box->Name();
+    }
+    ReleaseDC(form, dc);
+}
+
 // Loads a copy of the example project through the Browse button; returns the row
 // of the oak in the object list.
 int LoadValley(Windows& w, const ScratchDir& scratch)
@@ -107,47 +145,14 @@ TEST(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     EXPECT_TRUE(!(Style(form) & WS_MAXIMIZEBOX) && (Style(form) & WS_THICKFRAME));
     EXPECT_EQ(client.right, w.main.Dpi().Pixels(MainForm::kWidthTwips));
     EXPECT_EQ(client.bottom, w.main.Dpi().Pixels(MainForm::kHeightTwips));
-    const auto mirrors = [&] {
-        const std::pair<const Control*, std::string> shown[] = {
-            {&m.txtProjectFilePath, m.txtProjectFilePath.Text()},
-            {&m.txtGridRes, m.txtGridRes.Text()},
-            {&m.btnProcess, m.btnProcess.Caption()},
-            {&m.chkMainTile, m.chkMainTile.Caption()},
-            {&m.chkInstances, m.chkInstances.Caption()},
-            {&m.lblScriptCheck, m.lblScriptCheck.Caption()},
-        };
-        for (const auto& [control, text] : shown) {
-            HWND window = w.Main(control->Name().c_str());
-            EXPECT_EQ(Text(window), text) << control->Name();
-            EXPECT_EQ(IsWindowEnabled(window) != FALSE, control->Enabled()) << control->Name();
-        }
-        for (const CheckBox* box : {&m.chkMainTile, &m.chkPerimeterTile, &m.chkMax2008})
-            EXPECT_EQ(SendMessageA(w.Main(box->Name().c_str()), BM_GETCHECK, 0, 0),
-                      box->Checked() ? BST_CHECKED : BST_UNCHECKED)
-                << box->Name();
-        // A locked box is grey, a disabled one keeps the system's disabled look.
-        HDC dc = GetDC(form);
-        for (const TextBox* box : {&m.txtProjectFilePath, &m.txtGridSize, &m.txtObjectScale}) {
-            HWND window = w.Main(box->Name().c_str());
-            EXPECT_EQ((Style(window) & ES_READONLY) != 0, box->Locked()) << box->Name();
-            const bool grey = box->Back() == BackColor::ButtonFace || !box->Enabled();
-            const LRESULT brush =
-                SendMessageA(form, grey ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT,
-                             reinterpret_cast<WPARAM>(dc), reinterpret_cast<LPARAM>(window));
-            EXPECT_EQ(reinterpret_cast<HBRUSH>(brush),
-                      GetSysColorBrush(grey ? COLOR_BTNFACE : COLOR_WINDOW))
-                << box->Name();
-        }
-        ReleaseDC(form, dc);
-    };
-    mirrors();
+    ExpectMirrors(w);
     m.txtGridRes.SetText("7.5");
     m.btnProcess.SetEnabled(true);
     m.lblScriptCheck.SetCaption("3ds Max would stop at line 13: the name Caf\xE9 needs quotes.");
     for (const char* clicked : {"chkPerimeterTile", "chkMax2008", "chkUseObjectScale"})
         SendMessageA(w.Main(clicked), BM_CLICK, 0, 0);
     EXPECT_TRUE(m.chkPerimeterTile.Checked() && m.chkMax2008.Checked() && !m.txtGridSize.Locked());
-    mirrors();
+    ExpectMirrors(w);
     EXPECT_EQ(Tip(form, w.Main("txtGridRes")), m.txtGridRes.ToolTip());
 
     // The script list is fixed-pitch at 9 points; the object list uses Arial's face.
@@ -223,9 +228,8 @@ TEST(MainWindowTest, LoadsTheExampleProjectAndProcessesAnObjectIntoAFile)
     Windows w;
     const int tree = LoadValley(w, scratch);
     EXPECT_EQ(w.platform.Texts(), std::vector<std::string>{});
-    EXPECT_TRUE(IsWindowEnabled(w.Main("btnProcess")) &&
-                IsWindowEnabled(w.Main("txtProjectFilePath")));
-    EXPECT_EQ(Text(w.Main("txtProjectFilePath")), scratch.File("Valley.prj"));
+    EXPECT_TRUE(w.app.main.btnProcess.Enabled());
+    ExpectMirrors(w);
 
     // Every row of the object list is offered, and the drop-down fits the longest.
     HWND combo = w.Main("comboSelectObject");
