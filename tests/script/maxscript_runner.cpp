@@ -113,18 +113,11 @@ struct Value {
     enum Kind { Undefined, Bool, Number, String, Node, Array, Point, Turn, Name } kind = Undefined;
     bool b = false;
     double n = 0; // a number, or a turn's angle
-    std::string s;
+    std::string s = {};
     int node = -1;
-    std::shared_ptr<std::vector<Value>> array;
+    std::shared_ptr<std::vector<Value>> array = {};
     std::array<double, 3> p{}; // a point, or a turn's axis
 };
-
-Value Of(Value::Kind kind)
-{
-    Value v;
-    v.kind = kind;
-    return v;
-}
 
 const std::set<std::string> kFunctions = {
     "clearlistener", "max",       "mergemaxfile",  "copy",           "instance",
@@ -183,10 +176,6 @@ private:
     {
         const Value v = Logic(run);
         return Check(run, v.kind == Value::Bool, "expected true or false", v.b);
-    }
-    std::string Text(const Value& v, bool run)
-    {
-        return Check(run, v.kind == Value::String, "expected a string", v.s);
     }
 
     Value Expression(bool run)
@@ -310,8 +299,7 @@ private:
             Check(run, left.kind == Value::Bool, "expected true or false", 0);
             const Value right = Compare(run && first);
             Check(run && first, right.kind == Value::Bool, "expected true or false", 0);
-            left = Of(Value::Bool);
-            left.b = first && right.b;
+            left = {.kind = Value::Bool, .b = first && right.b};
         }
         return left;
     }
@@ -324,9 +312,9 @@ private:
         const bool equal = Is('q');
         ++at_;
         const Value b = Sum(run);
-        Value v = Of(Value::Bool);
-        v.b = equal == (a.kind == b.kind && a.node == b.node && a.n == b.n && a.s == b.s &&
-                        a.b == b.b && a.kind != Value::Array);
+        Value v = {.kind = Value::Bool,
+                   .b = equal == (a.kind == b.kind && a.node == b.node && a.n == b.n &&
+                                  a.s == b.s && a.b == b.b && a.kind != Value::Array)};
         return v;
     }
 
@@ -406,31 +394,22 @@ private:
         Value v;
         switch (t.kind) {
         case 'n':
-            v = Of(Value::Number);
-            v.n = t.number;
-            return v;
+            return {.kind = Value::Number, .n = t.number};
         case 's':
-            v = Of(Value::String);
-            v.s = t.text;
-            return v;
+            return {.kind = Value::String, .s = t.text};
         case '$':
             for (std::size_t i = 0; i < scene_.nodes.size(); ++i)
                 if (run && Lower(scene_.nodes[i].name) == Lower(t.text))
                     return NodeValue(int(i));
             return v;
         case '#':
-            if (!t.text.empty()) {
-                v = Of(Value::Name);
-                v.s = t.text;
-                return v;
-            }
+            if (!t.text.empty())
+                return {.kind = Value::Name, .s = t.text};
             Expect('(', "(");
             Expect(')', ")");
-            v = Of(Value::Array);
-            v.array = std::make_shared<std::vector<Value>>();
-            return v;
+            return {.kind = Value::Array, .array = std::make_shared<std::vector<Value>>()};
         case '[':
-            v = Of(Value::Point);
+            v = {.kind = Value::Point};
             for (std::size_t i = 0; i < 3; ++i) {
                 const Value n = Expression(run);
                 v.p[i] = Check(run, n.kind == Value::Number, "expected a number", n.n);
@@ -458,22 +437,15 @@ private:
         throw Error("expected a value");
     }
 
-    Value NodeValue(int index)
-    {
-        Value v = Of(Value::Node);
-        v.node = index;
-        return v;
-    }
+    static Value NodeValue(int index) { return {.kind = Value::Node, .node = index}; }
 
     Value Lookup(const std::string& name)
     {
         Value v;
         if (name == "true" || name == "on" || name == "false" || name == "off") {
-            v = Of(Value::Bool);
-            v.b = name == "true" || name == "on";
+            v = {.kind = Value::Bool, .b = name == "true" || name == "on"};
         } else if (name == "selection") {
-            v = Of(Value::Array);
-            v.array = std::make_shared<std::vector<Value>>();
+            v = {.kind = Value::Array, .array = std::make_shared<std::vector<Value>>()};
             for (std::size_t i = 0; i < scene_.nodes.size(); ++i)
                 if (scene_.nodes[i].selected)
                     v.array->push_back(NodeValue(int(i)));
@@ -481,8 +453,7 @@ private:
             for (auto s = scopes_.rbegin(); s != scopes_.rend(); ++s)
                 if (auto it = s->find(name); it != s->end())
                     return it->second;
-            v = Of(Value::Name); // a bare word such as "move"
-            v.s = name;
+            v = {.kind = Value::Name, .s = name}; // a bare word such as "move"
         }
         return v;
     }
@@ -492,17 +463,12 @@ private:
         if (!run)
             return Value();
         Value v;
-        if (owner.kind == Value::Array && p == "count") {
-            v = Of(Value::Number);
-            v.n = double(owner.array->size());
-        } else if (owner.kind != Value::Node) {
+        if (owner.kind != Value::Node) {
             throw MaxScriptError(Line(), "unknown property " + p + " of undefined");
         } else if (const MaxNode& node = scene_.nodes[std::size_t(owner.node)]; p == "name") {
-            v = Of(Value::String);
-            v.s = node.name;
+            v = {.kind = Value::String, .s = node.name};
         } else if (p == "pos" || p == "scale") {
-            v = Of(Value::Point);
-            v.p = p == "pos" ? node.pos : node.scale;
+            v = {.kind = Value::Point, .p = p == "pos" ? node.pos : node.scale};
         } else {
             throw MaxScriptError(Line(), "unknown property " + p);
         }
@@ -538,8 +504,7 @@ private:
                 node.selected = false;
         if (f == "doesfileexist" || f == "mergemaxfile") {
             const std::vector<std::string>* objects = FileOf(arg(0, Value::String).s);
-            v = Of(Value::Bool);
-            v.b = objects != nullptr;
+            v = {.kind = Value::Bool, .b = objects != nullptr};
             bool select = false;
             for (std::size_t i = 1; i < args.size(); ++i)
                 select = select || Lower(args[i].s) == "select";
@@ -559,9 +524,7 @@ private:
             made.selected = keys.count("isselected") && keys["isselected"].b;
             v = NodeValue(MakeNode(made));
         } else if (f == "angleaxis") {
-            v = Of(Value::Turn);
-            v.n = arg(0, Value::Number).n;
-            v.p = arg(1, Value::Point).p;
+            v = {.kind = Value::Turn, .n = arg(0, Value::Number).n, .p = arg(1, Value::Point).p};
         } else if (f == "rotate") {
             Turn(scene_.nodes[std::size_t(arg(0, Value::Node).node)], arg(1, Value::Turn));
         } else if (f == "append") {
@@ -572,8 +535,8 @@ private:
                 if (item.kind == Value::Node)
                     scene_.nodes[std::size_t(item.node)].selected = true;
         } else if (f == "stricmp") {
-            v = Of(Value::Number);
-            v.n = Lower(arg(0, Value::String).s) == Lower(arg(1, Value::String).s) ? 0 : 1;
+            v = {.kind = Value::Number,
+                 .n = Lower(arg(0, Value::String).s) == Lower(arg(1, Value::String).s) ? 0.0 : 1.0};
         } else if (f == "messagebox") {
             scene_.messageBoxes.push_back(arg(0, Value::String).s);
         }
