@@ -16,6 +16,7 @@
 
 #include "common/fake_platform.h"
 #include "common/scratch.h"
+#include "common/shown_texts.h"
 #include "forms/app.h"
 #include "gui/cp1252.h"
 #include "gui/main_window.h"
@@ -54,15 +55,7 @@ struct MainWindowTest : ::testing::Test {
     void ExpectMirrors()
     {
         const MainForm& m = app.main;
-        const std::pair<const Control*, std::string> shown[] = {
-            {&m.txtProjectFilePath, m.txtProjectFilePath.Text()},
-            {&m.txtGridRes, m.txtGridRes.Text()},
-            {&m.btnProcess, m.btnProcess.Caption()},
-            {&m.chkMainTile, m.chkMainTile.Caption()},
-            {&m.chkInstances, m.chkInstances.Caption()},
-            {&m.lblScriptCheck, m.lblScriptCheck.Caption()},
-        };
-        for (const auto& [control, text] : shown) {
+        for (const auto& [control, text] : test::ShownTexts(m)) {
             QWidget* widget = Find(control->Name().c_str());
             EXPECT_EQ(Shown(control->Name().c_str()), gui::FromCp1252(text)) << control->Name();
             EXPECT_EQ(widget->isEnabled(), control->Enabled()) << control->Name();

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "common/scratch.h"
+#include "common/shown_texts.h"
 #include "win/ui/fonts.h"
 #include "window_driver.h"
 
@@ -84,15 +85,7 @@ void ExpectMirrors(const Windows& w)
 {
     const MainForm& m = w.app.main;
     HWND form = w.main.Handle();
-    const std::pair<const Control*, std::string> shown[] = {
-        {&m.txtProjectFilePath, m.txtProjectFilePath.Text()},
-        {&m.txtGridRes, m.txtGridRes.Text()},
-        {&m.btnProcess, m.btnProcess.Caption()},
-        {&m.chkMainTile, m.chkMainTile.Caption()},
-        {&m.chkInstances, m.chkInstances.Caption()},
-        {&m.lblScriptCheck, m.lblScriptCheck.Caption()},
-    };
-    for (const auto& [control, text] : shown) {
+    for (const auto& [control, text] : ShownTexts(m)) {
         HWND window = w.Main(control->Name().c_str());
         EXPECT_EQ(Text(window), text) << control->Name();
         EXPECT_EQ(IsWindowEnabled(window) != FALSE, control->Enabled()) << control->Name();
