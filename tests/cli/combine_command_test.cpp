@@ -16,10 +16,6 @@ TEST(CombineCommand, JoinsScriptsAsTheWindowDoes)
     const std::string a = work.Write("a.ms", "a1\r\na2"), b = work.Write("b.ms", "b1\rb2\n");
     const std::string locked = work.Write("locked.ms", "keep"), out = work.File("out.ms");
     std::filesystem::permissions(locked, std::filesystem::perms(0444));
-    std::string lines; // 20,000 of them: three such scripts pass 32,767 rows
-    for (int line = 1; line <= 20000; ++line)
-        lines += "line " + std::to_string(line) + "\r\n";
-    const std::string big = work.Write("big.ms", lines), bigAfter = lines + "\r\n\r\n";
     const std::string lockedError = "TolvarineObjectScripter: Unexpected error in btnSaveAs \\n\\n "
                                     "75 - Path/File access error\n";
     // clang-format off
@@ -27,7 +23,6 @@ TEST(CombineCommand, JoinsScriptsAsTheWindowDoes)
         // after "combine"         status  written (none: no file)                      error text, or part of a usage error
         {{out, a, b},              0,      "a1\r\na2\r\n\r\n\r\nb1\r\nb2\n\r\n\r\n\r\n",  ""},
         {{out, "", a},             0,      "a1\r\na2\r\n\r\n\r\n",                      ""}, // "" is a cancel
-        {{out, big, big, big},     0,      bigAfter + bigAfter + bigAfter,              ""},
         {{"", a},                  0,      std::nullopt,                                ""},
         {{locked, a},              1,      "keep",                                      lockedError},
         {{out},                    2,      std::nullopt,                                "INPUT is required"},
