@@ -3,8 +3,8 @@
 #include <functional>
 
 #include "common/scratch.h"
-#include "window_driver.h"
 #include "win/ui/control_mirror.h"
+#include "window_driver.h"
 
 namespace tos::test {
 namespace {
