@@ -63,7 +63,8 @@ struct MainWindowTest : ::testing::Test {
         for (const CheckBox* box : {&m.chkMainTile, &m.chkPerimeterTile, &m.chkMax2008})
             EXPECT_EQ(Find<QCheckBox>(box->Name().c_str())->isChecked(), box->Checked());
         // Locked and disabled boxes alike have the button-face colour.
-        for (const TextBox* box : {&m.txtProjectFilePath, &m.txtGridSize, &m.txtObjectScale}) {
+        for (const TextBox* box :
+             {&m.txtProjectFilePath, &m.txtGridRes, &m.txtGridSize, &m.txtObjectScale}) {
             auto* edit = Find<QLineEdit>(box->Name().c_str());
             const bool grey = box->Back() == BackColor::ButtonFace || !box->Enabled();
             EXPECT_EQ(edit->isReadOnly(), box->Locked()) << box->Name();

@@ -96,7 +96,8 @@ void ExpectMirrors(const Windows& w)
             << box->Name();
     // A locked box is grey, a disabled one keeps the system's disabled look.
     HDC dc = GetDC(form);
-    for (const TextBox* box : {&m.txtProjectFilePath, &m.txtGridSize, &m.txtObjectScale}) {
+    for (const TextBox* box :
+         {&m.txtProjectFilePath, &m.txtGridRes, &m.txtGridSize, &m.txtObjectScale}) {
         HWND window = w.Main(box->Name().c_str());
         EXPECT_EQ((Style(window) & ES_READONLY) != 0, box->Locked()) << box->Name();
         const bool grey = box->Back() == BackColor::ButtonFace || !box->Enabled();
