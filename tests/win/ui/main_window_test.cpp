@@ -137,8 +137,8 @@ TEST(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     GetClientRect(form, &client);
     EXPECT_TRUE(IsWindowVisible(form) && Text(form) == m.caption);
     EXPECT_TRUE(!(Style(form) & WS_MAXIMIZEBOX) && (Style(form) & WS_THICKFRAME));
-    EXPECT_EQ(client.right, w.main.Dpi().Pixels(MainForm::kWidthTwips));
-    EXPECT_EQ(client.bottom, w.main.Dpi().Pixels(MainForm::kHeightTwips));
+    // The designed 8,895 x 6,480 twips at Wine's 96 dots per inch, 15 twips a pixel.
+    EXPECT_EQ(std::pair(client.right, client.bottom), std::pair(593L, 432L));
     ExpectMirrors(w);
     m.txtGridRes.SetText("7.5");
     m.btnProcess.SetEnabled(true);
@@ -153,7 +153,7 @@ TEST(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     const LOGFONTA list = FontOf(w.Main("List2"));
     const LOGFONTA combo = FontOf(w.Main("comboSelectObject"));
     EXPECT_EQ(std::string(list.lfFaceName), win::ui::InstalledFace("Courier New"));
-    EXPECT_EQ(list.lfHeight, w.main.Dpi().FontHeight(9));
+    EXPECT_EQ(list.lfHeight, -12); // 9 points at 96 dots per inch
     EXPECT_EQ(std::string(combo.lfFaceName), win::ui::InstalledFace("Arial"));
 
     // The hourglass stands over the form while it works.
