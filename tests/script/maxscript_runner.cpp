@@ -25,7 +25,7 @@ bool IsNameByte(char c)
 }
 
 // Kinds: a (name), k (keyword, a name before ':'), n (number), s (string), $ (path
-// name), # (name value; empty before "#()"), \n, E (end), or the punctuation itself.
+// name), # (name value; empty before "#()"), q (==), \n, E (end), or the punctuation itself.
 struct Token {
     char kind;
     std::string text;
@@ -95,8 +95,8 @@ std::vector<Token> Tokens(const std::vector<std::string>& lines)
             t.text = Lower(word(at));
             if (at < text.size() && text[at] == ':')
                 t.kind = 'k', ++at;
-        } else if (text.compare(at, 2, "==") == 0 || text.compare(at, 2, "!=") == 0) {
-            t.kind = c == '=' ? 'q' : 'Q';
+        } else if (text.compare(at, 2, "==") == 0) {
+            t.kind = 'q';
             at += 2;
         } else if (std::string("()[],.=+").find(c) != std::string::npos) {
             ++at;
@@ -209,19 +209,16 @@ private:
         }
         if (IsWord("for"))
             return For(run);
-        if (IsWord("with") || IsWord("undo") || IsWord("redraw")) {
+        if (IsWord("with")) { // with undo off, redraw off
             bool undoOff = undoOff_;
             do {
-                if (IsWord("with"))
-                    ++at_;
-                const bool undo = IsWord("undo");
-                Check(true, undo || IsWord("redraw"), "expected a context", 0);
                 ++at_;
-                const bool off = IsWord("off") || IsWord("false");
-                Check(true, off || IsWord("on") || IsWord("true"), "expected on or off", 0);
-                ++at_;
-                undoOff = undo ? off : undoOff;
-            } while (Is(',') && (++at_, true));
+                const std::string context = t_[at_].text, state = t_[at_ + 1].text;
+                Check(true, context == "undo" || context == "redraw", "expected a context", 0);
+                Check(true, state == "on" || state == "off", "expected on or off", 0);
+                undoOff = context == "undo" ? state == "off" : undoOff;
+                at_ += 2;
+            } while (Is(','));
             const bool outer = undoOff_;
             undoOff_ = run ? undoOff : outer;
             const Value v = Expression(run);
@@ -307,15 +304,13 @@ private:
     Value Compare(bool run)
     {
         const Value a = Sum(run);
-        if (!Is('q') && !Is('Q'))
+        if (!Is('q'))
             return a;
-        const bool equal = Is('q');
         ++at_;
         const Value b = Sum(run);
-        Value v = {.kind = Value::Bool,
-                   .b = equal == (a.kind == b.kind && a.node == b.node && a.n == b.n &&
-                                  a.s == b.s && a.b == b.b && a.kind != Value::Array)};
-        return v;
+        return {.kind = Value::Bool,
+                .b = a.kind == b.kind && a.node == b.node && a.n == b.n && a.s == b.s &&
+                     a.b == b.b && a.kind != Value::Array};
     }
 
     Value Sum(bool run)
