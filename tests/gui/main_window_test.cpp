@@ -104,6 +104,13 @@ TEST_F(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     for (const char* clicked : {"chkPerimeterTile", "chkMax2008", "chkUseObjectScale"})
         QTest::mouseClick(Find(clicked), Qt::LeftButton);
     EXPECT_TRUE(m.chkPerimeterTile.Checked() && m.chkMax2008.Checked() && !m.txtGridSize.Locked());
+    // Keys and leaving the box reach the model, which cleans what was typed.
+    auto* grid = Find<QLineEdit>("txtGridSize");
+    grid->setFocus(Qt::TabFocusReason);
+    grid->selectAll();
+    QTest::keyClicks(grid, "2.5");
+    Find("txtVerticalScale")->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(m.txtGridSize.Text() + "|" + grid->text().toStdString(), "2|2");
     window.resize(1400, window.height()); // the check line shows whole where there is room
     Settle();
     ExpectMirrors();
