@@ -137,8 +137,9 @@ TEST(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     GetClientRect(form, &client);
     EXPECT_TRUE(IsWindowVisible(form) && Text(form) == m.caption);
     EXPECT_TRUE(!(Style(form) & WS_MAXIMIZEBOX) && (Style(form) & WS_THICKFRAME));
-    // The designed 8,895 x 6,480 twips at Wine's 96 dots per inch, 15 twips a pixel.
-    EXPECT_EQ(std::pair(client.right, client.bottom), std::pair(593L, 432L));
+    // The designed size at Wine's 96 dots per inch, 15 twips a pixel.
+    EXPECT_EQ(client.right * 15, MainForm::kWidthTwips);
+    EXPECT_EQ(client.bottom * 15, MainForm::kHeightTwips);
     ExpectMirrors(w);
     m.txtGridRes.SetText("7.5");
     m.btnProcess.SetEnabled(true);
