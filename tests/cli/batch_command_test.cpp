@@ -5,7 +5,7 @@
 
 #include "batch/batch_events.h"
 #include "batch/batch_form.h"
-#include "cli/commands.h"
+#include "cli_run.h"
 #include "common/fake_platform.h"
 #include "common/scratch.h"
 #include "forms/app.h"
@@ -18,19 +18,9 @@ namespace {
 const std::string kValley = std::string(TOS_SOURCE_DIR) + "/examples/Valley/";
 const std::string kProgramFolder = std::string(TOS_SOURCE_DIR) + "/resources";
 
-struct Result {
-    int status;
-    std::string out, err;
-};
-
-Result RunCli(std::vector<std::string> args)
+CliResult RunCli(const std::vector<std::string>& args)
 {
-    std::vector<const char*> argv{"tos-cli"};
-    for (const std::string& arg : args)
-        argv.push_back(arg.c_str());
-    std::ostringstream out, err;
-    const int status = cli::Run(int(argv.size()), argv.data(), out, err, kProgramFolder);
-    return {status, out.str(), err.str()};
+    return test::RunCli(args, kProgramFolder);
 }
 
 // A copy of the example project in a folder of its own.
@@ -92,7 +82,7 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
                                       batched.Write("b.tosbatch", kBatch)};
         if (perimeter)
             args.push_back("--perimeter");
-        const Result run = RunCli(args);
+        const CliResult run = RunCli(args);
         EXPECT_EQ(run.status, 0) << run.err;
         EXPECT_EQ(Files(batched), Files(byHand));
         EXPECT_EQ(Files(batched).size(), 4u);
@@ -120,7 +110,8 @@ TEST(BatchCommand, RunsAListAsTheWindowDoes)
     six.replace(six.find("Items=4"), 7, items);
 
     ScratchDir byCommand, byWindow;
-    const Result run = RunCli({"batch", CopyValley(byCommand), byCommand.Write("b.tosbatch", six)});
+    const CliResult run =
+        RunCli({"batch", CopyValley(byCommand), byCommand.Write("b.tosbatch", six)});
     EXPECT_EQ(run.status, 0) << run.err;
 
     FakePlatform platform;
@@ -216,7 +207,7 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
         std::vector<std::string> args{"batch", CopyValley(dir), dir.File("b.tosbatch")};
         for (const std::string& option : c.options)
             args.push_back(place(option));
-        const Result run = RunCli(args);
+        const CliResult run = RunCli(args);
         EXPECT_EQ(run.status, c.status);
         EXPECT_EQ(run.out, place(c.out));
         // A case without an error expects none at all.

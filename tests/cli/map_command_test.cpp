@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "cli/commands.h"
+#include "cli_run.h"
 #include "map/map_fixture.h"
 
 namespace tos::test {
@@ -25,45 +23,31 @@ TEST(MapCommand, WritesThePictureOfTheLoadAndSelection)
     const std::string nowhere = dir.File("missing/Valley.svg");
     struct Row {
         std::vector<std::string> args;
-        int status;
-        std::string out;        // "" for none
-        std::size_t placements; // elements of class placement in the file
-        std::size_t folded;
+        int status = 0;
+        std::string says = {};      // the line printed after the picture's name; "" for none
+        std::size_t placements = 0; // elements of class placement in the file
+        std::size_t folded = 0;
     };
+    // clang-format off
     const Row rows[] = {
-        {.args = {prj, "Tree", "--output", svg},
-         .status = 0,
-         .out = svg + ": 9 models, 2 placements\n",
-         .placements = 2,
-         .folded = 0},
-        {.args = {prj, "--perimeter", "-o", svg, "Barn"},
-         .status = 0,
-         .out = svg + ": 9 models, 1 placement\n",
-         .placements = 1,
-         .folded = 1},
-        {.args = {prj, "-o", svg},
-         .status = 0,
-         .out = svg + ": 9 models, 0 placements\n",
-         .placements = 0,
-         .folded = 0},
-        {.args = {prj, "Tree"}, .status = 2, .out = "", .placements = 0, .folded = 0},
-        {.args = {prj, "Tree", "-o", nowhere},
-         .status = 1,
-         .out = "",
-         .placements = 0,
-         .folded = 0},
+        {.args = {prj, "Tree", "--output", svg}, .says = "9 models, 2 placements", .placements = 2},
+        {.args = {prj, "--perimeter", "-o", svg, "Barn"}, .says = "9 models, 1 placement",
+         .placements = 1, .folded = 1},
+        {.args = {prj, "-o", svg}, .says = "9 models, 0 placements"},
+        {.args = {prj, "Tree"}, .status = 2},
+        {.args = {prj, "Tree", "-o", nowhere}, .status = 1},
     };
+    // clang-format on
     for (const Row& r : rows) {
         SCOPED_TRACE(testing::PrintToString(r.args));
         std::filesystem::remove(svg);
-        std::vector<const char*> argv{"tos-cli", "map"};
-        for (const std::string& a : r.args)
-            argv.push_back(a.c_str());
-        std::ostringstream out, err;
-        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()), r.status);
-        EXPECT_EQ(out.str(), r.out);
+        std::vector<std::string> args{"map"};
+        args.insert(args.end(), r.args.begin(), r.args.end());
+        const CliResult run = RunCli(args, dir.Path().string());
+        EXPECT_EQ(run.status, r.status);
+        EXPECT_EQ(run.out, r.says.empty() ? "" : svg + ": " + r.says + "\n");
         if (r.status == 1) {
-            EXPECT_NE(err.str().find("cannot write " + nowhere), std::string::npos);
+            EXPECT_NE(run.err.find("cannot write " + nowhere), std::string::npos);
         }
         const std::string picture = ReadBytes(svg);
         EXPECT_EQ(picture.empty(), r.status != 0);

@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 
 #include "cli/cli_session.h"
-#include "cli/commands.h"
+#include "cli_run.h"
 #include "common/scratch.h"
 #include "support/system.h"
 
@@ -55,21 +54,17 @@ TEST(ObjectsCommand, ListsTheObjectsReportsEveryMessageBoxAndRejectsBadUsage)
     // A relative project gets the current folder and a separator in front, and nothing else;
     // Windows also folds the dots, as it does for every path it makes full.
     EXPECT_EQ(cli::AbsolutePath("./x/../Flat.prj"), kPathSeparator == '/'
-                                                         ? dir.Path().string() + "/./x/../Flat.prj"
-                                                         : dir.File("Flat.prj"));
+                                                        ? dir.Path().string() + "/./x/../Flat.prj"
+                                                        : dir.File("Flat.prj"));
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.args));
-        std::vector<const char*> argv{"tos-cli", "objects"};
-        for (const std::string& a : c.args)
-            argv.push_back(a.c_str());
-        std::ostringstream out, err;
-        EXPECT_EQ(
-            cli::Run(static_cast<int>(argv.size()), argv.data(), out, err, dir.Path().string()),
-            c.status);
-        EXPECT_EQ(out.str(), c.out);
+        std::vector<std::string> args{"objects"};
+        args.insert(args.end(), c.args.begin(), c.args.end());
+        const CliResult run = RunCli(args, dir.Path().string());
+        EXPECT_EQ(run.status, c.status);
+        EXPECT_EQ(run.out, c.out);
         // A usage error's text is the parser's own; it only has to be there.
-        EXPECT_TRUE(c.status == cli::kExitUsage ? !err.str().empty() : err.str() == c.err)
-            << err.str();
+        EXPECT_TRUE(c.status == cli::kExitUsage ? !run.err.empty() : run.err == c.err) << run.err;
     }
     std::filesystem::current_path(previous);
 }

@@ -2,107 +2,89 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <sstream>
-#include <tuple>
 
-#include "cli/commands.h"
+#include "cli_run.h"
 #include "common/scratch.h"
 
 namespace tos::test {
 
-const std::string kCase = std::string(TOS_TEST_DATA_DIR) + "/script/valley_example/";
+const std::string kData = std::string(TOS_TEST_DATA_DIR) + "/script/";
 
-TEST(ScriptCommand, BuildsAsTheWindowWould)
+TEST(ScriptCommand, BuildsAsTheWindowWouldWithEachStyleAndTheCheck)
 {
     ScratchDir dir;
-    dir.Write("Valley.scn", ReadBytes(kCase + "Valley.scn"));
+    dir.Write("Valley.scn", ReadBytes(kData + "valley_example/Valley.scn"));
     dir.Write("Valley.prj", "");
     dir.Write("Empty.prj", "");
-    const std::string example = ReadBytes(kCase + "Valley_Main_Pine.ms");
-    std::string printed = example;
-    std::erase(printed, '\r');
-    // Project, options behind those of the worked example, status, message boxes, file saved.
-    // clang-format off
-    const std::tuple<std::string, std::vector<std::string>, int, std::string, bool> cases[] = {
-        {dir.File("Valley.prj"), {"--max-object", "Tree"},                   0, "",                                                             true},
-        {dir.File("Valley.prj"), {"--max-object", "Tree", "--no-save"},      0, "",                                                             false},
-        {dir.File("Valley.prj"), {"--use-max-name"},                         0, "",                                                             true},
-        {dir.File("Valley.prj"), {},                                         1, "TolvarineObjectScripter: Please specify a Max object name\n", false},
-        {dir.File("Valley.prj"), {"--use-max-name", "--use-tolvarine-name"}, 2, "",                                                             false},
-        {dir.File("Valley.prj"), {"--max-object", "Tree", "--use-max-name"}, 2, "",                                                             false},
-        {dir.File("Empty.prj"),  {"--max-object", "Tree"},                   1, "TolvarineObjectScripter: No SCN file found!!\n",              false},
-    };
-    // clang-format on
-    for (const auto& [project, more, status, message, saved] : cases) {
-        SCOPED_TRACE(project + testing::PrintToString(more));
-        std::vector<const char*> argv{
-            "tos-cli",           "script", project.c_str(),    "Pine",
-            "--object-scale",    "50",     "--vertical-scale", "1.5",
-            "--vertical-offset", "2.0",    "--max-file",       "C:\\Models\\Tree.max"};
-        for (const std::string& m : more)
-            argv.push_back(m.c_str());
-        std::filesystem::remove(dir.File("Valley_Main_Pine.ms"));
-        std::ostringstream out, err;
-        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()), status);
-        EXPECT_EQ(out.str(), status == 0 ? printed : "");
-        if (status != 2) { // a usage error's text is the parser's
-            EXPECT_EQ(err.str(), message);
-        }
-        EXPECT_EQ(ReadBytes(dir.File("Valley_Main_Pine.ms")), saved ? example : "");
-    }
-}
-
-TEST(ScriptCommand, StyleOptionsAndTheCheck)
-{
-    ScratchDir dir;
-    dir.Write("Valley.scn", ReadBytes(kCase + "Valley.scn"));
-    const std::string project = dir.Write("Valley.prj", "");
-    const std::string data = std::string(TOS_TEST_DATA_DIR) + "/script/";
     const std::string script = dir.File("Valley_Main_Pine.ms");
+    const std::string noName = "TolvarineObjectScripter: Please specify a Max object name\n";
+    const std::string noScene = "TolvarineObjectScripter: No SCN file found!!\n";
+    const std::string bigTree = script + ":13: 3ds Max would stop at line 13: the name Big Tree "
+                                         "needs quotes. Use --style max2008.\n";
+    const std::string nas = "\\\\NAS\\Models\\Tree.max";
     struct Case {
-        std::vector<std::string> options;
-        int status;
-        std::string golden; // the saved script's case folder; "" for none
-        std::string err;
+        std::vector<std::string> args; // behind those of the worked example
+        int status = 0;
+        std::string prints = {}; // the case folder of the script printed; "" for none
+        bool saved = false;
+        std::string err = {}; // unchecked for a usage error, whose text is the parser's
+        std::string project = "Valley.prj";
     };
     // clang-format off
     const Case cases[] = {
-        {{"--style", "max2008", "--instances", "--max-object", "Tree"}, 0, "valley_instances", ""},
-        {{"--style", "MAX2008", "--max-object", "Big \"Tree", "--max-file", "\\\\NAS\\Models\\Tree.max",
-          "--check"}, 0, "valley_max2008", ""},
-        {{"--max-object", "Tree", "--check"}, 0, "valley_example", ""},
-        {{"--max-object", "Big Tree", "--no-save", "--check"}, 0, "",
-         script + ":13: 3ds Max would stop at line 13: the name Big Tree needs quotes. "
-                  "Use --style max2008.\n"},
-        {{"--max-object", "Tree", "--instances"}, 2, "", ""},
-        {{"--max-object", "Tree", "--style", "max2009"}, 2, "", ""},
+        {.args = {"--max-object", "Tree"}, .prints = "valley_example", .saved = true},
+        {.args = {"--max-object", "Tree", "--no-save"}, .prints = "valley_example"},
+        {.args = {"--use-max-name"}, .prints = "valley_example", .saved = true},
+        {.args = {}, .status = 1, .err = noName},
+        {.args = {"--use-max-name", "--use-tolvarine-name"}, .status = 2},
+        {.args = {"--max-object", "Tree", "--use-max-name"}, .status = 2},
+        {.args = {"--max-object", "Tree"}, .status = 1, .err = noScene, .project = "Empty.prj"},
+        {.args = {"--style", "max2008", "--instances", "--max-object", "Tree"},
+         .prints = "valley_instances", .saved = true},
+        {.args = {"--style", "MAX2008", "--max-object", "Big \"Tree", "--max-file", nas, "--check"},
+         .prints = "valley_max2008", .saved = true},
+        {.args = {"--max-object", "Tree", "--check"}, .prints = "valley_example", .saved = true},
+        {.args = {"--max-object", "Big Tree", "--no-save", "--check"}, .err = bigTree},
+        {.args = {"--max-object", "Tree", "--instances"}, .status = 2},
+        {.args = {"--max-object", "Tree", "--style", "max2009"}, .status = 2},
     };
     // clang-format on
     for (const Case& c : cases) {
-        SCOPED_TRACE(testing::PrintToString(c.options));
-        std::vector<const char*> argv{
-            "tos-cli",           "script", project.c_str(),    "Pine",
-            "--object-scale",    "50",     "--vertical-scale", "1.5",
-            "--vertical-offset", "2.0",    "--max-file",       "C:\\Models\\Tree.max"};
-        for (const std::string& o : c.options)
-            argv.push_back(o.c_str());
+        SCOPED_TRACE(c.project + testing::PrintToString(c.args));
+        std::vector<std::string> args{"script",
+                                      dir.File(c.project),
+                                      "Pine",
+                                      "--object-scale",
+                                      "50",
+                                      "--vertical-scale",
+                                      "1.5",
+                                      "--vertical-offset",
+                                      "2.0",
+                                      "--max-file",
+                                      "C:\\Models\\Tree.max"};
+        args.insert(args.end(), c.args.begin(), c.args.end());
         std::filesystem::remove(script);
-        std::ostringstream out, err;
-        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()), c.status);
-        EXPECT_EQ(ReadBytes(script),
-                  c.golden.empty() ? "" : ReadBytes(data + c.golden + "/Valley_Main_Pine.ms"));
-        if (c.status != 2) { // a usage error's text is the parser's
-            EXPECT_EQ(err.str(), c.err);
+        const CliResult run = RunCli(args, dir.Path().string());
+        EXPECT_EQ(run.status, c.status);
+        const std::string golden =
+            c.prints.empty() ? "" : ReadBytes(kData + c.prints + "/Valley_Main_Pine.ms");
+        std::string printed = golden;
+        std::erase(printed, '\r');
+        if (c.status != 0 || !golden.empty()) {
+            EXPECT_EQ(run.out, printed);
         }
+        if (c.status != 2) {
+            EXPECT_EQ(run.err, c.err);
+        }
+        EXPECT_EQ(ReadBytes(script), c.saved ? golden : "");
     }
 }
 
 TEST(CheckCommand, TellsEachFindingOfEachFileAndExitsOneWhenAny)
 {
     ScratchDir dir;
-    const std::string data = std::string(TOS_TEST_DATA_DIR) + "/script/";
     const std::string clean =
-        dir.Write("clean.ms", ReadBytes(data + "valley_max2008/Valley_Main_Pine.ms"));
+        dir.Write("clean.ms", ReadBytes(kData + "valley_max2008/Valley_Main_Pine.ms"));
     // Lines that end in LF alone count as lines too.
     const std::string bad =
         dir.Write("bad.ms", "-- x\n\n$Big Tree.pos = [0,0,0]\r\n"
@@ -126,13 +108,12 @@ TEST(CheckCommand, TellsEachFindingOfEachFileAndExitsOneWhenAny)
         {{bad, missing}, 2, ""},
     };
     for (const Case& c : cases) {
-        std::vector<const char*> argv{"tos-cli", "check"};
-        for (const std::string& f : c.files)
-            argv.push_back(f.c_str());
-        std::ostringstream out, err;
-        EXPECT_EQ(cli::Run(int(argv.size()), argv.data(), out, err, dir.Path().string()), c.status);
-        EXPECT_EQ(out.str(), c.out);
-        EXPECT_EQ(err.str().empty(), c.status != 2);
+        std::vector<std::string> args{"check"};
+        args.insert(args.end(), c.files.begin(), c.files.end());
+        const CliResult run = RunCli(args, dir.Path().string());
+        EXPECT_EQ(run.status, c.status);
+        EXPECT_EQ(run.out, c.out);
+        EXPECT_EQ(run.err.empty(), c.status != 2);
     }
 }
 
@@ -150,11 +131,11 @@ TEST(ScriptCommand, WritesAForestPast32767RowsWhole)
                  "\r\nLookVector=0.36,0.48,0.8\r\nUpVector=0.48,0.64,-0.6\r\n";
     dir.Write("Forest.scn", scene);
     const std::string prj = dir.Write("Forest.prj", "");
-    const char* argv[] = {"tos-cli",    "script",          prj.c_str(),     "Pine",
-                          "--max-file", "C:\\m\\pine.max", "--use-max-name"};
-    std::ostringstream out, err;
-    ASSERT_EQ(cli::Run(7, argv, out, err, dir.Path().string()), 0) << err.str();
-    const std::string printed = out.str();
+    const CliResult run =
+        RunCli({"script", prj, "Pine", "--max-file", "C:\\m\\pine.max", "--use-max-name"},
+               dir.Path().string());
+    ASSERT_EQ(run.status, 0) << run.err;
+    const std::string& printed = run.out;
     std::string saved = ReadBytes(dir.File("Forest_Main_Pine.ms"));
     std::erase(saved, '\r');
     EXPECT_EQ(saved, printed);

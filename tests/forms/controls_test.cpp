@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "common/fake_platform.h"
 #include "forms/app.h"
@@ -19,35 +20,32 @@ TEST(ListBoxTest, SixteenBitListsStopAt32767AndScriptListsGoOn)
     MainForm& f = app.main;
     struct Case {
         ListBox* list;
-        std::size_t adding;
+        std::size_t add;
         std::size_t kept;
-        int failure; // of the first add that fails, 0 for none
+        int fail; // the failure of the first add that fails, 0 for none
         const char* last;
     };
+    std::vector<Case> cases;
+    ListBox &combo = f.comboSelectObject.Items(), &scripts = app.compiler.lstMaxScripts;
     // clang-format off
-    const Case cases[] = {
-        {.list = &f.lstSCNdata1,                  .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 9999"},
-        {.list = &f.lstSCNdata2,                  .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 9999"},
-        {.list = &f.lstSCNdata3,                  .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 9999"},
-        {.list = &f.lstBillboards,                .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 9999"},
-        {.list = &f.lstBales,                     .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 9999"},
-        {.list = &f.lstTripleBales,               .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 9999"},
-        {.list = &f.lst55GalDrums_TrashCans,      .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 9999"},
-        {.list = &f.comboSelectObject.Items(),    .adding = 32768,  .kept = 32767,  .failure = 6, .last = "row 2"},
-        {.list = &f.List2,                        .adding = 100000, .kept = 100000, .failure = 0, .last = "row 1"},
-        {.list = &app.compiler.lstMaxScripts,     .adding = 100000, .kept = 100000, .failure = 0, .last = "row 1"},
-    };
+    for (ListBox* list : {&f.lstSCNdata1, &f.lstSCNdata2, &f.lstSCNdata3, &f.lstBillboards,
+                          &f.lstBales, &f.lstTripleBales, &f.lst55GalDrums_TrashCans})
+        cases.push_back({.list = list, .add = 32768, .kept = 32767, .fail = 6, .last = "row 9999"});
+    cases.insert(cases.end(), {
+        {.list = &combo, .add = 32768, .kept = 32767, .fail = 6, .last = "row 2"},
+        {.list = &f.List2, .add = 100000, .kept = 100000, .fail = 0, .last = "row 1"},
+        {.list = &scripts, .add = 100000, .kept = 100000, .fail = 0, .last = "row 1"},
+    });
     // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.list->Name());
         int failure = 0;
-        for (std::size_t i = 0; i < c.adding && failure == 0; ++i) {
+        for (std::size_t i = 0; i < c.add && failure == 0; ++i) {
             // From the highest number down, so a sorted list reorders them all.
-            if (auto trapped =
-                    Trap([&] { c.list->AddItem("row " + std::to_string(c.adding - i)); }))
+            if (auto trapped = Trap([&] { c.list->AddItem("row " + std::to_string(c.add - i)); }))
                 failure = trapped->Number();
         }
-        EXPECT_EQ(failure, c.failure);
+        EXPECT_EQ(failure, c.fail);
         ASSERT_EQ(c.list->RowCount(), c.kept);
         EXPECT_EQ(c.list->Row(c.kept - 1), c.last);
         EXPECT_EQ(c.list->Row(c.kept), "");

@@ -4,9 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontDatabase>
-#include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
@@ -18,6 +16,7 @@
 
 #include "common/fake_platform.h"
 #include "common/scratch.h"
+#include "common/shown_texts.h"
 #include "forms/app.h"
 #include "gui/cp1252.h"
 #include "gui/main_window.h"
@@ -52,6 +51,29 @@ struct MainWindowTest : ::testing::Test {
         QTest::mouseClick(Find("btnBrowseProjectFile"), Qt::LeftButton);
         Settle();
     }
+    // Each widget shows what its control in the model holds.
+    void ExpectMirrors()
+    {
+        const MainForm& m = app.main;
+        for (const auto& [control, text] : test::ShownTexts(m)) {
+            QWidget* widget = Find(control->Name().c_str());
+            EXPECT_EQ(Shown(control->Name().c_str()), gui::FromCp1252(text)) << control->Name();
+            EXPECT_EQ(widget->isEnabled(), control->Enabled()) << control->Name();
+        }
+        for (const CheckBox* box : {&m.chkMainTile, &m.chkPerimeterTile, &m.chkMax2008})
+            EXPECT_EQ(Find<QCheckBox>(box->Name().c_str())->isChecked(), box->Checked());
+        // Locked and disabled boxes alike have the button-face colour.
+        for (const TextBox* box :
+             {&m.txtProjectFilePath, &m.txtGridRes, &m.txtGridSize, &m.txtObjectScale}) {
+            auto* edit = Find<QLineEdit>(box->Name().c_str());
+            const bool grey = box->Back() == BackColor::ButtonFace || !box->Enabled();
+            EXPECT_EQ(edit->isReadOnly(), box->Locked()) << box->Name();
+            EXPECT_EQ(edit->palette().color(QPalette::Base),
+                      QApplication::palette().color(grey ? QPalette::Button : QPalette::Base))
+                << box->Name();
+        }
+        EXPECT_EQ(Find("txtGridRes")->toolTip(), gui::FromCp1252(m.txtGridRes.ToolTip()));
+    }
     // Runs what the event loop would run next: repaints after a burst of changes.
     static void Settle()
     {
@@ -65,34 +87,35 @@ struct MainWindowTest : ::testing::Test {
     gui::MainWindow window{app};
 };
 
-TEST_F(MainWindowTest, StartsInTheFirstStateAndUserActionsGoThroughTheModel)
+// The window shows what the model holds, now and after the model changes; clicks
+// go to the model. What the model makes of them is tested there.
+TEST_F(MainWindowTest, MirrorsTheModelAndForwardsClicks)
 {
     EXPECT_TRUE(window.isVisible() && window.size() == window.minimumSize() &&
                 window.maximumSize().width() > 2000 &&
                 !(window.windowFlags() & Qt::WindowMaximizeButtonHint));
     EXPECT_EQ(window.windowTitle() + " " + QString::number(window.width()),
-              "Tolvarine Object Scripter 593");
-    // clang-format off
-    const std::tuple<const char*, const char*, bool> rows[] = {
-        // widget               shows                           enabled
-        {"txtProjectFilePath",  "",                             false},
-        {"txtGridRes",          "3.0",                          true},
-        {"txtObjectScale",      "100.000000",                   true},
-        {"btnProcess",          "&Process",                     false},
-        {"chkMainTile",         "Main Tile (re-load required)", true},
-        {"lblVersion",          "Beta 1",                       true},
-    };
-    // clang-format on
-    for (const auto& [name, shows, enabled] : rows)
-        EXPECT_TRUE(Shown(name) == shows && Find(name)->isEnabled() == enabled) << name;
-    for (const char* name : {"txtProjectFilePath", "txtGridRes", "txtGridSize"})
-        EXPECT_TRUE(Find<QLineEdit>(name)->isReadOnly()) << name;
-    // Locked and disabled boxes alike have the button-face colour.
-    for (const char* name : {"txtGridSize", "txtProjectFilePath"})
-        EXPECT_EQ(Find(name)->palette().color(QPalette::Base),
-                  QApplication::palette().color(QPalette::Button))
-            << name;
-    EXPECT_EQ(Find("txtGridRes")->toolTip(), "Enter numbers ONLY!!");
+              QString::fromStdString(app.main.caption) + " 593");
+    MainForm& m = app.main;
+    ExpectMirrors();
+    m.txtGridRes.SetText("7.5");
+    m.btnProcess.SetEnabled(true);
+    m.lblScriptCheck.SetCaption("3ds Max would stop at line 13: the name Caf\xE9 needs quotes.");
+    for (const char* clicked : {"chkPerimeterTile", "chkMax2008", "chkUseObjectScale"})
+        QTest::mouseClick(Find(clicked), Qt::LeftButton);
+    EXPECT_TRUE(m.chkPerimeterTile.Checked() && m.chkMax2008.Checked() && !m.txtGridSize.Locked());
+    // Keys and leaving the box reach the model, which cleans what was typed.
+    auto* grid = Find<QLineEdit>("txtGridSize");
+    grid->setFocus(Qt::TabFocusReason);
+    grid->selectAll();
+    QTest::keyClicks(grid, "2.5");
+    Find("txtVerticalScale")->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(m.txtGridSize.Text() + "|" + grid->text().toStdString(), "2|2");
+    window.resize(1400, window.height()); // the check line shows whole where there is room
+    Settle();
+    ExpectMirrors();
+    EXPECT_EQ(Find("lblScriptCheck")->toolTip(), gui::FromCp1252(m.lblScriptCheck.Caption()));
+
     // The designed faces where installed, else their metric-compatible stand-ins.
     const QStringList installed = QFontDatabase::families();
     for (const auto& [name, designed, standIn] :
@@ -103,26 +126,6 @@ TEST_F(MainWindowTest, StartsInTheFirstStateAndUserActionsGoThroughTheModel)
         EXPECT_EQ(font.pointSize(), 9) << name;
     }
     EXPECT_TRUE(QFontInfo(Find("List2")->font()).fixedPitch());
-
-    auto* main = Find<QCheckBox>("chkMainTile");
-    auto* perimeter = Find<QCheckBox>("chkPerimeterTile");
-    for (const auto& [clicked, perimeterAfter] :
-         {std::pair(main, true), {main, false}, {perimeter, true}, {perimeter, false}}) {
-        QTest::mouseClick(clicked, Qt::LeftButton);
-        EXPECT_TRUE(main->isChecked() != perimeterAfter &&
-                    perimeter->isChecked() == perimeterAfter);
-    }
-    // Leaving a box cleans it; the box that rules is the one the user can type into.
-    for (const auto& [name, typed, cleaned] :
-         {std::tuple("txtGridSize", "2.5", "2"), {"txtObjectScale", "12.3456789", "12.345679"}}) {
-        QTest::mouseClick(Find("chkUseObjectScale"), Qt::LeftButton);
-        auto* box = Find<QLineEdit>(name);
-        box->setFocus(Qt::TabFocusReason);
-        box->selectAll();
-        QTest::keyClicks(box, typed);
-        Find("txtVerticalScale")->setFocus(Qt::TabFocusReason);
-        EXPECT_EQ(box->text().toStdString(), cleaned) << typed;
-    }
     // The close box does what Exit does.
     window.close();
     EXPECT_FALSE(window.isVisible() || app.main.loaded);
@@ -138,12 +141,14 @@ TEST_F(MainWindowTest, ProjectLoadFillsTheObjectListAndWindowsTextGoesBothWays)
          2);
     EXPECT_EQ(window.pos(), dragged);
     auto* combo = Find<QComboBox>("comboSelectObject");
-    EXPECT_EQ(combo->itemText(0) + "|" + combo->itemText(1) + "|" + combo->currentText(),
-              "* Option 2:  All Stock Single Bales|Tree|");
-    EXPECT_TRUE(Find("btnProcess")->isEnabled() && Find("txtProjectFilePath")->isEnabled());
-    EXPECT_EQ(Find("txtProjectFilePath")->palette().color(QPalette::Base),
-              QApplication::palette().color(QPalette::Base));
-    EXPECT_TRUE(platform.messages.empty());
+    QStringList items;
+    for (const std::string& row : app.main.comboSelectObject.Items().Rows())
+        items << gui::FromCp1252(row);
+    EXPECT_EQ(combo->count(), 2);
+    for (int row = 0; row < std::max(combo->count(), int(items.size())); ++row)
+        EXPECT_EQ(combo->itemText(row), items.value(row)) << row;
+    EXPECT_TRUE(app.main.btnProcess.Enabled() && platform.messages.empty());
+    ExpectMirrors();
     // A pick from the list reaches the model and, through it, the object name.
     QTest::mouseClick(Find("chkUseTolvarineName"), Qt::LeftButton);
     emit combo->activated(1);
@@ -249,25 +254,6 @@ TEST_F(MainWindowTest, HourglassStaysOnTheFormNotOnItsBoxes)
     EXPECT_EQ(busyWindow.cursor().shape(), Qt::WaitCursor);
     busy.SetMousePointer(FormId::Main, kPointerDefault);
     EXPECT_EQ(busyWindow.cursor().shape(), Qt::ArrowCursor);
-}
-
-TEST_F(MainWindowTest, StyleBoxesAndTheCheckLineMirrorTheModel)
-{
-    auto* style = Find<QCheckBox>("chkMax2008");
-    auto* instances = Find<QCheckBox>("chkInstances");
-    EXPECT_FALSE(instances->isEnabled());
-    QTest::mouseClick(style, Qt::LeftButton);
-    Settle();
-    EXPECT_TRUE(app.main.chkMax2008.Checked() && instances->isEnabled());
-
-    auto* line = Find<QLabel>("lblScriptCheck");
-    const std::string finding =
-        "3ds Max would stop at line 13: the name Caf\xE9 Tree needs quotes.";
-    app.main.lblScriptCheck.SetCaption(finding);
-    EXPECT_EQ(line->toolTip(), gui::FromCp1252(finding));
-    window.resize(1400, window.height());
-    Settle();
-    EXPECT_EQ(line->text(), gui::FromCp1252(finding)); // whole where the window is wide enough
 }
 
 TEST(QtPlatformTest, SettingsFiltersAndCodePage)

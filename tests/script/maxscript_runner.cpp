@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <cstring>
-#include <functional>
 #include <memory>
-#include <optional>
 #include <set>
 
 namespace tos::test {
@@ -27,208 +24,99 @@ bool IsNameByte(char c)
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-// ---- Tokens ----
-
-// clang-format off
-enum class T { Name, Keyword, Number, String, Path, Hash, LParen, RParen, LBracket, RBracket,
-               Comma, Dot, Assign, Eq, Ne, Plus, Newline, End };
-// clang-format on
-
-// A pathname's level name: each character and whether a wildcard stands for itself.
-struct PatternChar {
-    char c;
-    bool literal;
-};
-
+// Kinds: a (name), k (keyword, a name before ':'), n (number), s (string), $ (path
+// name), # (name value; empty before "#()"), q (==), \n, E (end), or the punctuation itself.
 struct Token {
-    T t;
+    char kind;
     std::string text;
     double number = 0;
-    std::vector<PatternChar> pattern;
-    bool quoted = false;
     int line = 0;
 };
 
-class Lexer {
-public:
-    explicit Lexer(const std::vector<std::string>& lines)
-    {
-        for (const std::string& line : lines)
-            text_ += line + "\n";
-    }
-
-    std::vector<Token> Tokens()
-    {
-        std::vector<Token> out;
-        while (at_ < text_.size()) {
-            const char c = text_[at_];
-            const auto add = [&](T t, std::string s = "") {
-                out.push_back({t, std::move(s), 0, {}, false, line_});
-            };
-            if (c == ' ' || c == '\t' || c == '\r') {
-                ++at_;
-            } else if (c == '\n') {
-                add(T::Newline);
-                ++at_;
-                ++line_;
-            } else if (Starts("--")) {
-                while (at_ < text_.size() && text_[at_] != '\n')
-                    ++at_;
-            } else if (c == '"' || Starts("@\"")) {
-                const int line = line_;
-                add(T::String, c == '@' ? Verbatim() : Plain());
-                out.back().line = line;
-            } else if (c == '$') {
-                ++at_;
-                add(T::Path);
-                out.back().quoted = at_ < text_.size() && text_[at_] == '\'';
-                out.back().pattern = PathName();
-            } else if (c == '#') {
-                ++at_;
-                add(T::Hash, Word());
-            } else if (std::isdigit(static_cast<unsigned char>(c)) ||
-                       (c == '-' && at_ + 1 < text_.size() &&
-                        std::isdigit(static_cast<unsigned char>(text_[at_ + 1])))) {
-                std::size_t used = 0;
-                add(T::Number);
-                out.back().number = std::stod(text_.substr(at_), &used);
-                at_ += used;
-            } else if (std::isalpha(static_cast<unsigned char>(c)) || c == '_') {
-                std::string word = Word();
-                if (at_ < text_.size() && text_[at_] == ':') {
-                    ++at_;
-                    add(T::Keyword, Lower(word));
-                } else {
-                    add(T::Name, Lower(word));
+std::vector<Token> Tokens(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\n";
+    std::vector<Token> out;
+    int line = 1;
+    const auto word = [&](std::size_t& at) {
+        const std::size_t start = at;
+        while (at < text.size() && IsNameByte(text[at]))
+            ++at;
+        return text.substr(start, at - start);
+    };
+    for (std::size_t at = 0; at < text.size();) {
+        const char c = text[at];
+        const auto digit = [&](std::size_t i) {
+            return i < text.size() && std::isdigit(static_cast<unsigned char>(text[i]));
+        };
+        Token t{c, "", 0, line};
+        if (c == ' ' || c == '\t' || c == '\r') {
+            ++at;
+            continue;
+        }
+        if (text.compare(at, 2, "--") == 0) {
+            at = text.find('\n', at);
+            continue;
+        }
+        if (c == '\n') {
+            ++line, ++at;
+        } else if (c == '"' || text.compare(at, 2, "@\"") == 0) {
+            // MAXScript's escapes in a plain literal, none in a verbatim one.
+            t.kind = 's';
+            const bool verbatim = c == '@';
+            for (at += verbatim ? 2 : 1; at < text.size() && text[at] != '"'; ++at) {
+                line += text[at] == '\n';
+                if (verbatim || text[at] != '\\' || at + 1 >= text.size()) {
+                    t.text += text[at];
+                    continue;
                 }
-            } else if (Starts("==") || Starts("!=")) {
-                add(c == '=' ? T::Eq : T::Ne);
-                at_ += 2;
-            } else {
-                static const std::string kPunct = "()[],.=+";
-                static const T kTypes[] = {T::LParen, T::RParen, T::LBracket, T::RBracket,
-                                           T::Comma,  T::Dot,    T::Assign,   T::Plus};
-                const std::size_t p = kPunct.find(c);
-                if (p == std::string::npos)
-                    throw MaxScriptError(line_, std::string("unexpected character ") + c);
-                add(kTypes[p]);
-                ++at_;
+                const char e = text[++at];
+                if (std::string("\"\\*?%").find(e) != std::string::npos)
+                    t.text += e;
+                else if (e == 'n' || e == 'r' || e == 't')
+                    t.text += e == 'n' ? '\n' : e == 'r' ? '\r' : '\t';
+                else
+                    t.text += '\\', --at;
             }
+            if (at++ >= text.size())
+                throw MaxScriptError(t.line, "the string is not closed");
+        } else if (c == '$' || c == '#') {
+            ++at;
+            t.text = word(at);
+        } else if (digit(at) || (c == '-' && digit(at + 1))) {
+            std::size_t used = 0;
+            t.kind = 'n';
+            t.number = std::stod(text.substr(at, 40), &used);
+            at += used;
+        } else if (std::isalpha(static_cast<unsigned char>(c)) || c == '_') {
+            t.kind = 'a';
+            t.text = Lower(word(at));
+            if (at < text.size() && text[at] == ':')
+                t.kind = 'k', ++at;
+        } else if (text.compare(at, 2, "==") == 0) {
+            t.kind = 'q';
+            at += 2;
+        } else if (std::string("()[],.=+").find(c) != std::string::npos) {
+            ++at;
+        } else {
+            throw MaxScriptError(line, std::string("unexpected character ") + c);
         }
-        out.push_back({T::End, "", 0, {}, false, line_});
-        return out;
+        out.push_back(t);
     }
+    out.push_back({'E', "", 0, line});
+    return out;
+}
 
-private:
-    bool Starts(const char* s) const { return text_.compare(at_, std::strlen(s), s) == 0; }
-
-    std::string Word()
-    {
-        const std::size_t start = at_;
-        while (at_ < text_.size() && IsNameByte(text_[at_]))
-            ++at_;
-        return text_.substr(start, at_ - start);
-    }
-
-    // A plain literal: MAXScript's escapes; it may run over several lines.
-    std::string Plain()
-    {
-        std::string s;
-        for (++at_; at_ < text_.size(); ++at_) {
-            char c = text_[at_];
-            if (c == '"')
-                return ++at_, s;
-            if (c == '\n')
-                ++line_;
-            if (c != '\\' || at_ + 1 >= text_.size()) {
-                s += c;
-                continue;
-            }
-            const char e = text_[++at_];
-            if (e == 'x' && at_ + 1 < text_.size() &&
-                std::isxdigit(static_cast<unsigned char>(text_[at_ + 1]))) {
-                int v = 0;
-                while (at_ + 1 < text_.size() &&
-                       std::isxdigit(static_cast<unsigned char>(text_[at_ + 1])))
-                    v = (v * 16 + std::stoi(std::string(1, text_[++at_]), nullptr, 16)) & 0xFF;
-                s += static_cast<char>(v);
-            } else if (std::string("\"\\*?%").find(e) != std::string::npos) {
-                s += e;
-            } else if (e == 'n' || e == 'r' || e == 't') {
-                s += e == 'n' ? '\n' : e == 'r' ? '\r' : '\t';
-            } else {
-                s += '\\';
-                --at_;
-            }
-        }
-        throw MaxScriptError(line_, "the string is not closed");
-    }
-
-    std::string Verbatim()
-    {
-        at_ += 2;
-        const std::size_t end = text_.find('"', at_);
-        if (end == std::string::npos)
-            throw MaxScriptError(line_, "the string is not closed");
-        std::string s = text_.substr(at_, end - at_);
-        at_ = end + 1;
-        return s;
-    }
-
-    // The level name behind $: letters, digits, _ and the wildcards, or anything
-    // between single quotes; a backslash makes the next character stand for itself.
-    std::vector<PatternChar> PathName()
-    {
-        std::vector<PatternChar> pattern;
-        const bool quoted = at_ < text_.size() && text_[at_] == '\'';
-        if (quoted)
-            ++at_;
-        while (at_ < text_.size()) {
-            const char c = text_[at_];
-            if (quoted ? c == '\'' : !(IsNameByte(c) || c == '*' || c == '?' || c == '\\'))
-                break;
-            if (c == '\n')
-                break;
-            if (c == '\\' && at_ + 1 < text_.size()) {
-                pattern.push_back({text_[at_ + 1], true});
-                at_ += 2;
-                continue;
-            }
-            pattern.push_back({c, !(c == '*' || c == '?')});
-            ++at_;
-        }
-        if (quoted) {
-            if (at_ >= text_.size() || text_[at_] != '\'')
-                throw MaxScriptError(line_, "the quoted name is not closed");
-            ++at_;
-        }
-        return pattern;
-    }
-
-    std::string text_;
-    std::size_t at_ = 0;
-    int line_ = 1;
-};
-
-// ---- Syntax ----
-
-struct Expr;
-using ExprPtr = std::unique_ptr<Expr>;
-
-struct Expr {
-    // clang-format off
-    enum Kind { Num, Str, Path, Hash, EmptyArray, Point, Block, Local, Assign, If, For, Context,
-                And, Eq, Ne, Plus, As, Call, Ref, Prop } kind;
-    // clang-format on
-    int line = 0;
-    std::string text; // names, strings, properties
-    double number = 0;
-    std::vector<PatternChar> pattern;
-    bool quoted = false;
-    bool flag = false; // If: the "do" form; Context: undo off
-    bool redrawOff = false;
-    std::vector<ExprPtr> kids;
-    std::vector<std::pair<std::string, ExprPtr>> keys;
+struct Value {
+    enum Kind { Undefined, Bool, Number, String, Node, Array, Point, Turn, Name } kind = Undefined;
+    bool b = false;
+    double n = 0; // a number, or a turn's angle
+    std::string s = {};
+    int node = -1;
+    std::shared_ptr<std::vector<Value>> array = {};
+    std::array<double, 3> p{}; // a point, or a turn's axis
 };
 
 const std::set<std::string> kFunctions = {
@@ -236,37 +124,39 @@ const std::set<std::string> kFunctions = {
     "rotate",        "angleaxis", "doesfileexist", "clearselection", "select",
     "append",        "stricmp",   "messagebox",    "redrawviews"};
 
-class Parser {
+// Runs the script as it reads it. A part that is not run (a branch not taken, a loop
+// body past its last item) is read all the same, so a syntax error anywhere stops it.
+class Interpreter {
 public:
-    explicit Parser(std::vector<Token> tokens) : t_(std::move(tokens)) {}
-
-    ExprPtr Program()
+    Interpreter(MaxScene& scene, std::vector<Token> tokens)
+        : scene_(scene), t_(std::move(tokens)), scopes_(1)
     {
-        auto block = Make(Expr::Block);
-        while (true) {
-            SkipNewlines();
-            if (Is(T::End))
-                return block;
-            block->kids.push_back(Expression());
-            if (!Is(T::Newline) && !Is(T::End))
+        for (const MaxNode& node : scene.nodes)
+            nextMesh_ = std::max(nextMesh_, node.mesh + 1);
+    }
+
+    void Program()
+    {
+        for (Skip(); !Is('E'); Skip()) {
+            Expression(true);
+            if (!Is('\n') && !Is('E'))
                 throw Error("expected the end of the line");
         }
     }
 
 private:
-    const Token& Peek() const { return t_[at_]; }
-    bool Is(T t) const { return Peek().t == t; }
-    bool IsWord(const char* w) const { return Is(T::Name) && Peek().text == w; }
-    Token Take() { return t_[at_++]; }
-    MaxScriptError Error(const std::string& why) const { return MaxScriptError(Peek().line, why); }
-    void SkipNewlines()
+    bool Is(char kind) const { return t_[at_].kind == kind; }
+    bool IsWord(const char* w) const { return Is('a') && t_[at_].text == w; }
+    MaxScriptError Error(const std::string& why) const { return {t_[at_].line, why}; }
+    int Line() const { return t_[at_].line; }
+    void Skip()
     {
-        while (Is(T::Newline))
+        while (Is('\n'))
             ++at_;
     }
-    void Expect(T t, const char* what)
+    void Expect(char kind, const char* what)
     {
-        if (!Is(t))
+        if (!Is(kind))
             throw Error(std::string("expected ") + what);
         ++at_;
     }
@@ -276,551 +166,308 @@ private:
             throw Error(std::string("expected ") + w);
         ++at_;
     }
-    ExprPtr Make(Expr::Kind k)
+    template <class T> T Check(bool run, bool ok, const char* why, T value)
     {
-        auto e = std::make_unique<Expr>();
-        e->kind = k;
-        e->line = Peek().line;
-        return e;
+        if (run && !ok)
+            throw Error(why);
+        return value;
+    }
+    bool Truth(bool run)
+    {
+        const Value v = Logic(run);
+        return Check(run, v.kind == Value::Bool, "expected true or false", v.b);
     }
 
-    ExprPtr Expression()
+    Value Expression(bool run)
     {
-        SkipNewlines();
+        Skip();
         if (IsWord("local")) {
             ++at_;
-            auto e = Make(Expr::Local);
-            if (!Is(T::Name))
-                throw Error("expected a name");
-            e->text = Take().text;
-            if (Is(T::Assign)) {
-                ++at_;
-                e->kids.push_back(Expression());
-            }
-            return e;
+            const std::string name = t_[at_].text;
+            Expect('a', "a name");
+            Value v;
+            if (Is('='))
+                ++at_, v = Expression(run);
+            if (run)
+                scopes_.back()[name] = v;
+            return v;
         }
         if (IsWord("if")) {
-            auto e = Make(Expr::If);
             ++at_;
-            e->kids.push_back(Expression());
-            if (IsWord("do")) {
-                ++at_;
-                e->flag = true;
-                e->kids.push_back(Expression());
-                return e;
-            }
+            const bool yes = Truth(run);
+            if (IsWord("do"))
+                return ++at_, Expression(run && yes);
             ExpectWord("then");
-            e->kids.push_back(Expression());
+            Value v = Expression(run && yes);
             if (IsWord("else")) {
                 ++at_;
-                e->kids.push_back(Expression());
+                const Value other = Expression(run && !yes);
+                if (!yes)
+                    v = other;
             }
-            return e;
+            return v;
         }
-        if (IsWord("for")) {
-            auto e = Make(Expr::For);
-            ++at_;
-            e->text = Take().text;
-            ExpectWord("in");
-            e->kids.push_back(Operand());
-            ExprPtr where;
-            if (IsWord("where")) {
-                ++at_;
-                where = Expression();
-            }
-            ExpectWord("do");
-            e->kids.push_back(Expression());
-            e->kids.push_back(std::move(where));
-            return e;
-        }
-        if (IsWord("with") || IsWord("undo") || IsWord("redraw")) {
-            auto e = Make(Expr::Context);
+        if (IsWord("for"))
+            return For(run);
+        if (IsWord("with")) { // with undo off, redraw off
+            bool undoOff = undoOff_;
             do {
-                if (IsWord("with"))
-                    ++at_;
-                const bool undo = IsWord("undo");
-                if (!undo && !IsWord("redraw"))
-                    throw Error("expected a context");
                 ++at_;
-                const bool off = IsWord("off") || IsWord("false");
-                if (!off && !IsWord("on") && !IsWord("true"))
-                    throw Error("expected on or off");
-                ++at_;
-                (undo ? e->flag : e->redrawOff) = off;
-            } while (Is(T::Comma) && (++at_, true));
-            e->kids.push_back(Expression());
-            return e;
+                const std::string context = t_[at_].text, state = t_[at_ + 1].text;
+                Check(true, context == "undo" || context == "redraw", "expected a context", 0);
+                Check(true, state == "on" || state == "off", "expected on or off", 0);
+                undoOff = context == "undo" ? state == "off" : undoOff;
+                at_ += 2;
+            } while (Is(','));
+            const bool outer = undoOff_;
+            undoOff_ = run ? undoOff : outer;
+            const Value v = Expression(run);
+            undoOff_ = outer;
+            return v;
         }
-        ExprPtr left = Logic();
-        if (Is(T::Assign)) {
-            if (left->kind != Expr::Ref && left->kind != Expr::Prop)
-                throw Error("cannot assign to this");
-            auto e = Make(Expr::Assign);
+        // name = ..., name.prop = ..., $path.prop = ...
+        const bool named = Is('a') || Is('$');
+        if (named && t_[at_ + 1].kind == '=' && Is('a'))
+            return Assign(run, t_[at_].text, nullptr);
+        if (named && at_ + 3 < t_.size() && t_[at_ + 1].kind == '.' && t_[at_ + 2].kind == 'a' &&
+            t_[at_ + 3].kind == '=') {
+            const Value owner = Primary(run);
             ++at_;
-            e->kids.push_back(std::move(left));
-            e->kids.push_back(Expression());
-            return e;
+            const std::string property = t_[at_].text;
+            return Assign(run, property, &owner);
         }
-        return left;
+        return Logic(run);
     }
 
-    ExprPtr Binary(Expr::Kind kind, ExprPtr left, ExprPtr right)
+    Value Assign(bool run, const std::string& name, const Value* owner)
     {
-        auto e = Make(kind);
-        e->kids.push_back(std::move(left));
-        e->kids.push_back(std::move(right));
-        return e;
+        at_ += 2;
+        const int line = Line();
+        const Value v = Expression(run);
+        if (!run)
+            return v;
+        if (!owner) {
+            for (auto s = scopes_.rbegin(); s != scopes_.rend(); ++s)
+                if (auto it = s->find(name); it != s->end())
+                    return it->second = v;
+            return scopes_.front()[name] = v;
+        }
+        if (owner->kind != Value::Node || v.kind != Value::Point ||
+            (name != "pos" && name != "scale"))
+            throw MaxScriptError(line, "cannot set " + name);
+        MaxNode& node = scene_.nodes[std::size_t(owner->node)];
+        (name == "pos" ? node.pos : node.scale) = v.p;
+        return v;
     }
 
-    ExprPtr Logic()
+    Value For(bool run)
     {
-        ExprPtr left = Compare();
+        ++at_;
+        const std::string name = t_[at_].text;
+        Expect('a', "a name");
+        ExpectWord("in");
+        const Value items = Operand(run);
+        Check(run, items.kind == Value::Array, "for needs a collection", 0);
+        const std::size_t start = at_;
+        const auto pass = [&](bool go, const Value& item) {
+            at_ = start;
+            scopes_.push_back({{name, item}});
+            bool where = true;
+            if (IsWord("where"))
+                ++at_, where = Truth(go);
+            ExpectWord("do");
+            Expression(go && where);
+            scopes_.pop_back();
+        };
+        const std::vector<Value> each = run ? *items.array : std::vector<Value>();
+        for (const Value& item : each)
+            pass(true, item);
+        if (each.empty())
+            pass(false, Value());
+        return Value();
+    }
+
+    Value Logic(bool run)
+    {
+        Value left = Compare(run);
         while (IsWord("and")) {
             ++at_;
-            left = Binary(Expr::And, std::move(left), Compare());
+            const bool first = left.kind == Value::Bool && left.b;
+            Check(run, left.kind == Value::Bool, "expected true or false", 0);
+            const Value right = Compare(run && first);
+            Check(run && first, right.kind == Value::Bool, "expected true or false", 0);
+            left = {.kind = Value::Bool, .b = first && right.b};
         }
         return left;
     }
 
-    ExprPtr Compare()
+    Value Compare(bool run)
     {
-        ExprPtr left = Sum();
-        if (Is(T::Eq) || Is(T::Ne)) {
-            const Expr::Kind k = Is(T::Eq) ? Expr::Eq : Expr::Ne;
-            ++at_;
-            return Binary(k, std::move(left), Sum());
-        }
-        return left;
+        const Value a = Sum(run);
+        if (!Is('q'))
+            return a;
+        ++at_;
+        const Value b = Sum(run);
+        return {.kind = Value::Bool,
+                .b = a.kind == b.kind && a.node == b.node && a.n == b.n && a.s == b.s &&
+                     a.b == b.b && a.kind != Value::Array};
     }
 
-    ExprPtr Sum()
+    Value Sum(bool run)
     {
-        ExprPtr left = AsCast();
-        while (Is(T::Plus)) {
+        Value a = Cast(run);
+        while (Is('+')) {
             ++at_;
-            left = Binary(Expr::Plus, std::move(left), AsCast());
+            const Value b = Cast(run);
+            Check(run, a.kind == Value::String && b.kind == Value::String,
+                  "+ needs two strings here", 0);
+            a.s += b.s;
         }
-        return left;
+        return a;
     }
 
-    ExprPtr AsCast()
+    Value Cast(bool run)
     {
-        ExprPtr e = CallOrOperand();
-        if (IsWord("as")) {
-            ++at_;
-            auto cast = Make(Expr::As);
-            cast->text = Take().text;
-            cast->kids.push_back(std::move(e));
-            return cast;
-        }
-        return e;
+        const Value v = Is('a') && kFunctions.count(t_[at_].text) ? Call(run) : Operand(run);
+        if (!IsWord("as"))
+            return v;
+        ++at_;
+        const bool array = IsWord("array");
+        Expect('a', "a class");
+        Check(run, array && v.kind == Value::Array, "cannot convert", 0);
+        Value copy = v;
+        if (run)
+            copy.array = std::make_shared<std::vector<Value>>(*v.array);
+        return copy;
     }
 
     // Whether the next token starts an argument of a call on the same line.
-    bool StartsOperand() const
+    bool StartsArgument() const
     {
-        switch (Peek().t) {
-        case T::Number:
-        case T::String:
-        case T::Path:
-        case T::Hash:
-        case T::LParen:
-        case T::LBracket:
-        case T::Keyword:
-            return true;
-        case T::Name:
+        if (Is('a'))
             for (const char* stop : {"then", "else", "do", "and", "as", "where", "in"})
-                if (Peek().text == stop)
+                if (t_[at_].text == stop)
                     return false;
-            return true;
-        default:
-            return false;
-        }
+        return std::string("ans$#([k").find(t_[at_].kind) != std::string::npos;
     }
 
-    ExprPtr CallOrOperand()
+    Value Call(bool run)
     {
-        if (Is(T::Name) && kFunctions.count(Peek().text)) {
-            auto call = Make(Expr::Call);
-            call->text = Take().text;
-            if (Is(T::LParen) && t_[at_ + 1].t == T::RParen) {
-                at_ += 2;
-                return call;
-            }
-            while (StartsOperand()) {
-                if (Is(T::Keyword)) {
-                    std::string key = Take().text;
-                    call->keys.emplace_back(std::move(key), Operand());
+        const std::string f = t_[at_++].text;
+        const int line = Line();
+        std::vector<Value> args;
+        std::map<std::string, Value> keys;
+        if (Is('(') && t_[at_ + 1].kind == ')')
+            at_ += 2;
+        else
+            while (StartsArgument()) {
+                if (Is('k')) {
+                    const std::string key = t_[at_++].text;
+                    keys[key] = Operand(run);
                 } else {
-                    call->kids.push_back(Operand());
+                    args.push_back(Operand(run));
                 }
             }
-            return call;
-        }
-        ExprPtr e = Operand();
-        // Juxtaposition calls what stands in front; none of these is a function.
-        if (StartsOperand())
-            throw Error("call needs a function");
-        return e;
+        return run ? Run(f, args, keys, line) : Value();
     }
 
-    ExprPtr Operand()
+    Value Operand(bool run)
     {
-        SkipNewlines();
-        ExprPtr e;
-        const Token token = Peek();
-        switch (token.t) {
-        case T::Number:
-            e = Make(Expr::Num);
-            e->number = Take().number;
-            break;
-        case T::String:
-            e = Make(Expr::Str);
-            e->text = Take().text;
-            break;
-        case T::Path:
-            e = Make(Expr::Path);
-            e->pattern = token.pattern;
-            e->quoted = token.quoted;
+        Value v = Primary(run);
+        while (Is('.')) {
             ++at_;
-            break;
-        case T::Hash:
-            ++at_;
-            if (token.text.empty()) { // #( ... ), only empty here
-                e = Make(Expr::EmptyArray);
-                Expect(T::LParen, "(");
-                Expect(T::RParen, ")");
-            } else {
-                e = Make(Expr::Hash);
-                e->text = token.text;
+            const std::string p = t_[at_].text;
+            Expect('a', "a property");
+            v = Property(run, v, p);
+        }
+        return v;
+    }
+
+    Value Primary(bool run)
+    {
+        const Token& t = t_[at_++];
+        Value v;
+        switch (t.kind) {
+        case 'n':
+            return {.kind = Value::Number, .n = t.number};
+        case 's':
+            return {.kind = Value::String, .s = t.text};
+        case '$':
+            for (std::size_t i = 0; i < scene_.nodes.size(); ++i)
+                if (run && Lower(scene_.nodes[i].name) == Lower(t.text))
+                    return NodeValue(int(i));
+            return v;
+        case '#':
+            if (!t.text.empty())
+                return {.kind = Value::Name, .s = t.text};
+            Expect('(', "(");
+            Expect(')', ")");
+            return {.kind = Value::Array, .array = std::make_shared<std::vector<Value>>()};
+        case '[':
+            v = {.kind = Value::Point};
+            for (std::size_t i = 0; i < 3; ++i) {
+                const Value n = Expression(run);
+                v.p[i] = Check(run, n.kind == Value::Number, "expected a number", n.n);
+                Expect(i < 2 ? ',' : ']', i < 2 ? "," : "]");
             }
-            break;
-        case T::LBracket:
-            ++at_;
-            e = Make(Expr::Point);
-            for (int i = 0; i < 3; ++i) {
-                e->kids.push_back(Expression());
-                Expect(i < 2 ? T::Comma : T::RBracket, i < 2 ? "," : "]");
-            }
-            break;
-        case T::LParen:
-            ++at_;
-            e = Make(Expr::Block);
-            for (SkipNewlines(); !Is(T::RParen); SkipNewlines()) {
-                if (Is(T::End))
+            return v;
+        case '(':
+            if (run)
+                scopes_.emplace_back();
+            for (Skip(); !Is(')'); Skip()) {
+                if (Is('E'))
                     throw Error("the block is not closed");
-                e->kids.push_back(Expression());
-                if (!Is(T::Newline) && !Is(T::RParen))
+                v = Expression(run);
+                if (!Is('\n') && !Is(')'))
                     throw Error("expected the end of the line");
             }
             ++at_;
-            break;
-        case T::Name:
-            e = Make(Expr::Ref);
-            e->text = Take().text;
-            break;
-        default:
-            throw Error("expected a value");
-        }
-        while (Is(T::Dot)) {
-            ++at_;
-            auto prop = Make(Expr::Prop);
-            if (!Is(T::Name))
-                throw Error("expected a property");
-            prop->text = Take().text;
-            prop->kids.push_back(std::move(e));
-            e = std::move(prop);
-        }
-        return e;
-    }
-
-    std::vector<Token> t_;
-    std::size_t at_ = 0;
-};
-
-// ---- Values and evaluation ----
-
-struct Value {
-    // clang-format off
-    enum Kind { Undefined, Bool, Number, String, Node, Array, Point, Rotation, Name } kind =
-        Undefined;
-    // clang-format on
-    bool b = false;
-    double n = 0;
-    std::string s;
-    int node = -1;
-    std::shared_ptr<std::vector<Value>> array;
-    std::array<double, 3> p{};
-};
-
-Value Bool(bool b)
-{
-    Value v;
-    v.kind = Value::Bool;
-    v.b = b;
-    return v;
-}
-
-bool Matches(const std::vector<PatternChar>& pattern, bool quoted, const std::string& name,
-             std::size_t i = 0, std::size_t j = 0)
-{
-    if (i == pattern.size())
-        return j == name.size();
-    const PatternChar pc = pattern[i];
-    if (!pc.literal && pc.c == '*')
-        return Matches(pattern, quoted, name, i + 1, j) ||
-               (j < name.size() && Matches(pattern, quoted, name, i, j + 1));
-    if (j == name.size())
-        return false;
-    const bool same = (!pc.literal && pc.c == '?') ||
-                      Lower(std::string(1, pc.c)) == Lower(std::string(1, name[j])) ||
-                      (!quoted && pc.c == '_' && name[j] == ' ');
-    return same && Matches(pattern, quoted, name, i + 1, j + 1);
-}
-
-class Evaluator {
-public:
-    explicit Evaluator(MaxScene& scene) : scene_(scene)
-    {
-        scopes_.emplace_back();
-        for (const MaxNode& node : scene.nodes)
-            nextMesh_ = std::max(nextMesh_, node.mesh + 1);
-    }
-
-    Value Eval(const Expr& e)
-    {
-        switch (e.kind) {
-        case Expr::Num: {
-            Value v;
-            v.kind = Value::Number;
-            v.n = e.number;
-            return v;
-        }
-        case Expr::Str:
-        case Expr::Hash: {
-            Value v;
-            v.kind = e.kind == Expr::Str ? Value::String : Value::Name;
-            v.s = e.text;
-            return v;
-        }
-        case Expr::Path:
-            return PathValue(e);
-        case Expr::EmptyArray:
-            return ArrayOf({});
-        case Expr::Point: {
-            Value v;
-            v.kind = Value::Point;
-            for (int i = 0; i < 3; ++i)
-                v.p[static_cast<std::size_t>(i)] = NumberOf(*e.kids[static_cast<std::size_t>(i)]);
-            return v;
-        }
-        case Expr::Block: {
-            scopes_.emplace_back();
-            Value last;
-            for (const ExprPtr& kid : e.kids)
-                last = Eval(*kid);
-            scopes_.pop_back();
-            return last;
-        }
-        case Expr::Local: {
-            Value v = e.kids.empty() ? Value() : Eval(*e.kids[0]);
-            scopes_.back()[e.text] = v;
-            return v;
-        }
-        case Expr::Assign:
-            return Assign(e);
-        case Expr::If: {
-            if (Truth(*e.kids[0]))
-                return Eval(*e.kids[1]);
-            return e.kids.size() > 2 ? Eval(*e.kids[2]) : Value();
-        }
-        case Expr::For: {
-            const Value sequence = Eval(*e.kids[0]);
-            if (sequence.kind != Value::Array)
-                throw MaxScriptError(e.line, "for needs a collection");
-            const std::vector<Value> items = *sequence.array;
-            for (const Value& item : items) {
-                scopes_.emplace_back();
-                scopes_.back()[e.text] = item;
-                if (!e.kids[2] || Truth(*e.kids[2]))
-                    Eval(*e.kids[1]);
+            if (run)
                 scopes_.pop_back();
-            }
-            return Value();
-        }
-        case Expr::Context: {
-            const bool undoOff = undoOff_;
-            if (e.flag)
-                undoOff_ = true;
-            Value v = Eval(*e.kids[0]);
-            undoOff_ = undoOff;
             return v;
+        case 'a':
+            return Lookup(t.text);
         }
-        case Expr::And:
-            return Bool(Truth(*e.kids[0]) && Truth(*e.kids[1]));
-        case Expr::Eq:
-        case Expr::Ne: {
-            const Value a = Eval(*e.kids[0]), b = Eval(*e.kids[1]);
-            const bool same =
-                a.kind == b.kind &&
-                (a.kind == Value::Undefined || (a.kind == Value::Node && a.node == b.node) ||
-                 (a.kind == Value::Number && a.n == b.n) ||
-                 (a.kind == Value::String && a.s == b.s) || (a.kind == Value::Bool && a.b == b.b));
-            return Bool(e.kind == Expr::Eq ? same : !same);
-        }
-        case Expr::Plus: {
-            Value a = Eval(*e.kids[0]);
-            const Value b = Eval(*e.kids[1]);
-            if (a.kind != Value::String || b.kind != Value::String)
-                throw MaxScriptError(e.line, "+ needs two strings here");
-            a.s += b.s;
-            return a;
-        }
-        case Expr::As: {
-            Value v = Eval(*e.kids[0]);
-            if (e.text != "array" || v.kind != Value::Array)
-                throw MaxScriptError(e.line, "cannot convert");
-            return ArrayOf(*v.array);
-        }
-        case Expr::Call:
-            return Call(e);
-        case Expr::Ref:
-            return Lookup(e);
-        case Expr::Prop:
-            return Property(e);
-        }
-        return Value();
+        --at_;
+        throw Error("expected a value");
     }
 
-private:
-    Value ArrayOf(std::vector<Value> items)
+    static Value NodeValue(int index) { return {.kind = Value::Node, .node = index}; }
+
+    Value Lookup(const std::string& name)
     {
         Value v;
-        v.kind = Value::Array;
-        v.array = std::make_shared<std::vector<Value>>(std::move(items));
-        return v;
-    }
-
-    Value NodeValue(int index)
-    {
-        Value v;
-        v.kind = Value::Node;
-        v.node = index;
-        return v;
-    }
-
-    double NumberOf(const Expr& e)
-    {
-        const Value v = Eval(e);
-        if (v.kind != Value::Number)
-            throw MaxScriptError(e.line, "expected a number");
-        return v.n;
-    }
-
-    bool Truth(const Expr& e)
-    {
-        const Value v = Eval(e);
-        if (v.kind != Value::Bool)
-            throw MaxScriptError(e.line, "expected true or false");
-        return v.b;
-    }
-
-    MaxNode& NodeOf(const Expr& e)
-    {
-        const Value v = Eval(e);
-        if (v.kind != Value::Node)
-            throw MaxScriptError(e.line, "expected a node, got something else or undefined");
-        return scene_.nodes[static_cast<std::size_t>(v.node)];
-    }
-
-    Value PathValue(const Expr& e)
-    {
-        for (std::size_t i = 0; i < scene_.nodes.size(); ++i)
-            if (Matches(e.pattern, e.quoted, scene_.nodes[i].name))
-                return NodeValue(static_cast<int>(i));
-        return Value();
-    }
-
-    Value Lookup(const Expr& e)
-    {
-        if (e.text == "true" || e.text == "on")
-            return Bool(true);
-        if (e.text == "false" || e.text == "off")
-            return Bool(false);
-        if (e.text == "undefined")
-            return Value();
-        if (e.text == "selection") {
-            std::vector<Value> selected;
+        if (name == "true" || name == "on" || name == "false" || name == "off") {
+            v = {.kind = Value::Bool, .b = name == "true" || name == "on"};
+        } else if (name == "selection") {
+            v = {.kind = Value::Array, .array = std::make_shared<std::vector<Value>>()};
             for (std::size_t i = 0; i < scene_.nodes.size(); ++i)
                 if (scene_.nodes[i].selected)
-                    selected.push_back(NodeValue(static_cast<int>(i)));
-            return ArrayOf(selected);
-        }
-        for (auto s = scopes_.rbegin(); s != scopes_.rend(); ++s)
-            if (auto it = s->find(e.text); it != s->end())
-                return it->second;
-        Value name; // a bare word such as "move"
-        name.kind = Value::Name;
-        name.s = e.text;
-        return name;
-    }
-
-    Value Property(const Expr& e)
-    {
-        const Value owner = Eval(*e.kids[0]);
-        if (owner.kind == Value::Array && e.text == "count") {
-            Value v;
-            v.kind = Value::Number;
-            v.n = static_cast<double>(owner.array->size());
-            return v;
-        }
-        if (owner.kind != Value::Node)
-            throw MaxScriptError(e.line, "unknown property " + e.text + " of undefined");
-        const MaxNode& node = scene_.nodes[static_cast<std::size_t>(owner.node)];
-        Value v;
-        if (e.text == "name") {
-            v.kind = Value::String;
-            v.s = node.name;
-        } else if (e.text == "pos" || e.text == "scale") {
-            v.kind = Value::Point;
-            v.p = e.text == "pos" ? node.pos : node.scale;
-        } else {
-            throw MaxScriptError(e.line, "unknown property " + e.text);
-        }
-        return v;
-    }
-
-    Value Assign(const Expr& e)
-    {
-        const Expr& target = *e.kids[0];
-        Value v = Eval(*e.kids[1]);
-        if (target.kind == Expr::Ref) {
+                    v.array->push_back(NodeValue(int(i)));
+        } else if (name != "undefined") {
             for (auto s = scopes_.rbegin(); s != scopes_.rend(); ++s)
-                if (auto it = s->find(target.text); it != s->end())
-                    return it->second = v;
-            return scopes_.front()[target.text] = v;
+                if (auto it = s->find(name); it != s->end())
+                    return it->second;
+            v = {.kind = Value::Name, .s = name}; // a bare word such as "move"
         }
-        MaxNode& node = NodeOf(*target.kids[0]);
-        if (v.kind != Value::Point || (target.text != "pos" && target.text != "scale"))
-            throw MaxScriptError(e.line, "cannot set " + target.text);
-        (target.text == "pos" ? node.pos : node.scale) = v.p;
         return v;
     }
 
-    std::string StringOf(const Expr& e)
+    Value Property(bool run, const Value& owner, const std::string& p)
     {
-        const Value v = Eval(e);
-        if (v.kind != Value::String)
-            throw MaxScriptError(e.line, "expected a string");
-        return v.s;
-    }
-
-    const Expr* Key(const Expr& call, const char* key)
-    {
-        for (const auto& [name, value] : call.keys)
-            if (name == key)
-                return value.get();
-        return nullptr;
+        if (!run)
+            return Value();
+        Value v;
+        if (owner.kind != Value::Node) {
+            throw MaxScriptError(Line(), "unknown property " + p + " of undefined");
+        } else if (const MaxNode& node = scene_.nodes[std::size_t(owner.node)]; p == "name") {
+            v = {.kind = Value::String, .s = node.name};
+        } else if (p == "pos" || p == "scale") {
+            v = {.kind = Value::Point, .p = p == "pos" ? node.pos : node.scale};
+        } else {
+            throw MaxScriptError(Line(), "unknown property " + p);
+        }
+        return v;
     }
 
     const std::vector<std::string>* FileOf(const std::string& path)
@@ -835,103 +482,60 @@ private:
     {
         node.madeWithUndoOff = undoOff_;
         scene_.nodes.push_back(std::move(node));
-        return static_cast<int>(scene_.nodes.size()) - 1;
+        return int(scene_.nodes.size()) - 1;
     }
 
-    Value Call(const Expr& e)
+    Value Run(const std::string& f, const std::vector<Value>& args,
+              std::map<std::string, Value>& keys, int line)
     {
-        const std::string& f = e.text;
-        const auto arg = [&](std::size_t i) -> const Expr& {
-            if (i >= e.kids.size())
-                throw MaxScriptError(e.line, f + " needs more arguments");
-            return *e.kids[i];
+        const auto arg = [&](std::size_t i, Value::Kind kind) -> const Value& {
+            if (i >= args.size() || args[i].kind != kind)
+                throw MaxScriptError(line, f + " needs other arguments");
+            return args[i];
         };
-        if (f == "clearlistener" || f == "max" || f == "redrawviews")
-            return Value();
-        if (f == "clearselection") {
+        Value v;
+        if (f == "clearselection" || f == "select")
             for (MaxNode& node : scene_.nodes)
                 node.selected = false;
-            return Value();
-        }
-        if (f == "doesfileexist")
-            return Bool(FileOf(StringOf(arg(0))) != nullptr);
-        if (f == "mergemaxfile") {
-            const std::vector<std::string>* objects = FileOf(StringOf(arg(0)));
-            if (!objects)
-                return Bool(false);
+        if (f == "doesfileexist" || f == "mergemaxfile") {
+            const std::vector<std::string>* objects = FileOf(arg(0, Value::String).s);
+            v = {.kind = Value::Bool, .b = objects != nullptr};
             bool select = false;
-            for (std::size_t i = 1; i < e.kids.size(); ++i)
-                select =
-                    select || (e.kids[i]->kind == Expr::Hash && Lower(e.kids[i]->text) == "select");
-            if (select)
-                for (MaxNode& node : scene_.nodes)
-                    node.selected = false;
-            for (const std::string& name : *objects) {
+            for (std::size_t i = 1; i < args.size(); ++i)
+                select = select || Lower(args[i].s) == "select";
+            for (MaxNode& node : scene_.nodes)
+                node.selected = node.selected && !(select && objects && f == "mergemaxfile");
+            for (std::size_t i = 0; f == "mergemaxfile" && objects && i < objects->size(); ++i) {
                 MaxNode node;
-                node.name = name;
+                node.name = (*objects)[i];
                 node.mesh = nextMesh_++;
                 node.selected = select;
                 MakeNode(node);
             }
-            return Bool(true);
-        }
-        if (f == "copy" || f == "instance") {
-            MaxNode made = NodeOf(arg(0));
+        } else if (f == "copy" || f == "instance") {
+            MaxNode made = scene_.nodes[std::size_t(arg(0, Value::Node).node)];
             made.mesh = f == "copy" ? nextMesh_++ : made.mesh;
-            made.selected = false;
-            if (const Expr* name = Key(e, "name"))
-                made.name = StringOf(*name);
-            if (const Expr* selected = Key(e, "isselected"))
-                made.selected = Truth(*selected);
-            return NodeValue(MakeNode(made));
-        }
-        if (f == "angleaxis") {
-            Value v;
-            v.kind = Value::Rotation;
-            v.n = NumberOf(arg(0));
-            const Value axis = Eval(arg(1));
-            if (axis.kind != Value::Point)
-                throw MaxScriptError(e.line, "angleaxis needs an axis");
-            v.p = axis.p;
-            return v;
-        }
-        if (f == "rotate") {
-            MaxNode& node = NodeOf(arg(0));
-            const Value turn = Eval(arg(1));
-            if (turn.kind != Value::Rotation)
-                throw MaxScriptError(e.line, "rotate needs an angleaxis");
-            Turn(node, turn);
-            return Value();
-        }
-        if (f == "append") {
-            const Value list = Eval(arg(0));
-            if (list.kind != Value::Array)
-                throw MaxScriptError(e.line, "append needs an array");
-            list.array->push_back(Eval(arg(1)));
-            return list;
-        }
-        if (f == "select") {
-            const Value chosen = Eval(arg(0));
-            if (chosen.kind != Value::Array)
-                throw MaxScriptError(e.line, "select needs an array here");
-            for (MaxNode& node : scene_.nodes)
-                node.selected = false;
-            for (const Value& item : *chosen.array)
+            made.name = keys.count("name") ? keys["name"].s : made.name;
+            made.selected = keys.count("isselected") && keys["isselected"].b;
+            v = NodeValue(MakeNode(made));
+        } else if (f == "angleaxis") {
+            v = {.kind = Value::Turn, .n = arg(0, Value::Number).n, .p = arg(1, Value::Point).p};
+        } else if (f == "rotate") {
+            Turn(scene_.nodes[std::size_t(arg(0, Value::Node).node)], arg(1, Value::Turn));
+        } else if (f == "append") {
+            arg(0, Value::Array).array->push_back(args.at(1));
+            v = args[0];
+        } else if (f == "select") {
+            for (const Value& item : *arg(0, Value::Array).array)
                 if (item.kind == Value::Node)
-                    scene_.nodes[static_cast<std::size_t>(item.node)].selected = true;
-            return Value();
+                    scene_.nodes[std::size_t(item.node)].selected = true;
+        } else if (f == "stricmp") {
+            v = {.kind = Value::Number,
+                 .n = Lower(arg(0, Value::String).s) == Lower(arg(1, Value::String).s) ? 0.0 : 1.0};
+        } else if (f == "messagebox") {
+            scene_.messageBoxes.push_back(arg(0, Value::String).s);
         }
-        if (f == "stricmp") {
-            Value v;
-            v.kind = Value::Number;
-            v.n = Lower(StringOf(arg(0))) == Lower(StringOf(arg(1))) ? 0 : 1;
-            return v;
-        }
-        if (f == "messagebox") {
-            scene_.messageBoxes.push_back(StringOf(arg(0)));
-            return Value();
-        }
-        throw MaxScriptError(e.line, "no function " + f);
+        return v;
     }
 
     // The turn about the axis through the node's pivot, in world axes, in front of
@@ -947,16 +551,16 @@ private:
                                       t * x * y + s * z, t * y * y + c,     t * y * z - s * x,
                                       t * x * z - s * y, t * y * z + s * x, t * z * z + c};
         std::array<double, 9> out{};
-        for (int i = 0; i < 3; ++i)
-            for (int j = 0; j < 3; ++j)
-                for (int k = 0; k < 3; ++k)
-                    out[static_cast<std::size_t>(3 * i + j)] +=
-                        r[static_cast<std::size_t>(3 * i + k)] *
-                        node.rotation[static_cast<std::size_t>(3 * k + j)];
+        for (std::size_t i = 0; i < 3; ++i)
+            for (std::size_t j = 0; j < 3; ++j)
+                for (std::size_t k = 0; k < 3; ++k)
+                    out[3 * i + j] += r[3 * i + k] * node.rotation[3 * k + j];
         node.rotation = out;
     }
 
     MaxScene& scene_;
+    std::vector<Token> t_;
+    std::size_t at_ = 0;
     std::vector<std::map<std::string, Value>> scopes_;
     bool undoOff_ = false;
     int nextMesh_ = 1;
@@ -966,8 +570,7 @@ private:
 
 void MaxScene::Run(const std::vector<std::string>& lines)
 {
-    const ExprPtr program = Parser(Lexer(lines).Tokens()).Program();
-    Evaluator(*this).Eval(*program);
+    Interpreter(*this, Tokens(lines)).Program();
 }
 
 } // namespace tos::test

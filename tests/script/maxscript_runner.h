@@ -9,9 +9,10 @@
 namespace tos::test {
 
 // A small MAXScript interpreter for the statements the two script styles use,
-// with MAXScript's own rules for string literals, pathnames and node lookup, and
-// a scene of nodes that only know where they stand. It is the tests' stand-in
-// for 3ds Max: a script it cannot run is one 3ds Max would stop at.
+// with MAXScript's own rules for string literals and for finding a node by a plain
+// path name (no wildcards: no script writes them), and a scene of nodes that only
+// know where they stand. It is the tests' stand-in for 3ds Max: a script it cannot
+// run is one 3ds Max would stop at.
 struct MaxNode {
     std::string name;
     std::array<double, 3> pos{0, 0, 0};

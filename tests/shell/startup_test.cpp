@@ -48,6 +48,13 @@ TEST(Startup, MainRunsItsStepsInOrderAndExitEndsTheRun)
     EXPECT_EQ(platform.steps, "R R R R SM SM SMC SMC !MCV ");
     EXPECT_TRUE(app.main.chkSave.Checked() && app.state.SaveToFile && !app.compiler.visible);
     EXPECT_TRUE(platform.settings.empty()); // nothing is stored until a folder is chosen
+    // The first state both windows show: nothing loaded, the grid size locked.
+    const MainForm& m = app.main;
+    EXPECT_EQ(std::tuple(m.txtProjectFilePath.Enabled(), m.btnProcess.Enabled(),
+                         m.txtGridRes.Text(), m.txtObjectScale.Text(), m.txtGridSize.Locked(),
+                         m.txtObjectScale.Locked(), m.chkMainTile.Checked(),
+                         m.chkInstances.Enabled()),
+              std::tuple(false, false, "3.0", "100.000000", true, false, true, false));
 
     bool ended = false;
     app.endProcess = [&] { ended = !app.main.loaded && !app.compiler.loaded; };

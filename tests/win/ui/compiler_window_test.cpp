@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "common/scratch.h"
+#include "win/ui/control_mirror.h"
 #include "window_driver.h"
 
 namespace tos::test {
@@ -39,11 +40,7 @@ TEST(CompilerWindowTest, ModalDialogInTabOrderThatAddsFilesAndClosesAsDone)
     std::vector<std::string> tabOrder;
     for (HWND at = w.Compiler("btnDone"); tabOrder.size() < 4;
          at = GetNextDlgTabItem(dialog, at, FALSE))
-        tabOrder.push_back(at == w.Compiler("btnDone")         ? "btnDone"
-                           : at == w.Compiler("lstMaxScripts") ? "lstMaxScripts"
-                           : at == w.Compiler("btnAddFile")    ? "btnAddFile"
-                           : at == w.Compiler("btnSaveAs")     ? "btnSaveAs"
-                                                               : "?");
+        tabOrder.push_back(win::ui::ControlName(at));
     EXPECT_EQ(tabOrder,
               (std::vector<std::string>{"btnDone", "lstMaxScripts", "btnAddFile", "btnSaveAs"}));
 
