@@ -61,13 +61,7 @@ int main()
 {
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
-    tos::bench::SceneLayout layout;
-    layout.models = 5000;
-    layout.stems = 5000;
-    layout.stemsInTurn = true;
-    layout.stockShare = 0;
-    layout.mainTileShare = 1.0;
-    const tos::bench::GeneratedProject project("batch-window", layout);
+    const tos::bench::GeneratedProject project("batch-window", tos::bench::DistinctObjects(5000));
     tos::test::FakePlatform platform;
     platform.programFolder = std::string(TOS_SOURCE_DIR) + "/resources";
     tos::App app(platform);
