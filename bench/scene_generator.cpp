@@ -142,6 +142,17 @@ void WriteFile(const std::string& path, const std::string& bytes)
 
 } // namespace
 
+SceneLayout DistinctObjects(std::int32_t count)
+{
+    SceneLayout layout;
+    layout.models = count;
+    layout.stems = count;
+    layout.stemsInTurn = true;
+    layout.stockShare = 0;
+    layout.mainTileShare = 1.0;
+    return layout;
+}
+
 std::string GenerateScene(const SceneLayout& layout)
 {
     return Generator(layout).Scene();

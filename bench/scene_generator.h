@@ -26,6 +26,10 @@ struct SceneLayout {
     std::uint32_t seed = 1;
 };
 
+// Models of as many distinct objects, one each, all on the main tile and none of
+// them stock: the object list holds every one (Process All's benchmarks).
+SceneLayout DistinctObjects(std::int32_t count);
+
 // The scene text, CR LF line ends, in the order the scene editor writes it:
 // Environment, StaticModels, then Model1..Model<models>. Upright models have an
 // up vector of 0,1,0; tilted ones have look and up vectors off the axes, at right angles.

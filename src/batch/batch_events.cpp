@@ -1,13 +1,15 @@
 #include "batch/batch_events.h"
 
-#include <algorithm>
+#include <string_view>
+#include <unordered_set>
 
-#include "batch/batch_form.h"
 #include "batch/batch_run.h"
 #include "forms/app.h"
+#include "forms/batch_form.h"
 #include "forms/common_dialog.h"
 #include "forms/form_routines.h"
 #include "forms/name_rule.h"
+#include "support/case_blind.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"
@@ -18,13 +20,6 @@ namespace tos {
 namespace {
 
 constexpr const char* kBatchFilter = "Batch List (*.tosbatch)|*.tosbatch";
-
-void SetPointer(App& app, BatchForm& form, int pointer)
-{
-    form.mousePointer = pointer;
-    app.platform.SetMousePointer(FormId::Main, pointer);
-    form.formView.Notify();
-}
 
 NameBoxes NameBoxesOf(BatchRow& row)
 {
@@ -41,9 +36,8 @@ void ConnectRow(App& app, BatchRow& row)
     row.txtMaxFile.Change.Connect(
         [&app, &row] { MaxFileChanged(app.platform, NameBoxesOf(row), row.txtMaxFile.Text()); });
     row.btnBrowseMaxFile.Click.Connect([&app, &row] {
-        // The batch window is owned by the main form, so its dialogs are too.
         const std::string chosen =
-            ShowCommonDialog(app, FormId::Main, "Select Max Object File", app.state.ObjectDir,
+            ShowCommonDialog(app, FormId::Batch, "Select Max Object File", app.state.ObjectDir,
                              "MAX File (*.max)|*.max", Int16(1), false, "");
         if (chosen.empty())
             return;
@@ -105,15 +99,15 @@ bool Kept(const BatchRow& row)
 }
 
 // One row for each row of the object list that no row names yet, in the list's order.
+// The names are looked up in a set: a scene may hold thousands of objects.
 void AppendObjectRows(App& app, BatchForm& form)
 {
-    for (const std::string& object : app.main.comboSelectObject.Items().Rows()) {
-        const bool named = std::any_of(form.rows.begin(), form.rows.end(), [&](const auto& row) {
-            return EqualsIgnoringCase(row->selection, object);
-        });
-        if (!named)
+    std::unordered_set<std::string_view, CaseBlindHash, CaseBlindEqual> named;
+    for (const auto& row : form.rows)
+        named.insert(row->selection);
+    for (const std::string& object : app.main.comboSelectObject.Items().Rows())
+        if (named.insert(object).second)
             AddRow(app, form, object);
-    }
 }
 
 } // namespace
@@ -214,7 +208,7 @@ void SaveBatchList(App& app, BatchForm& form, const std::string& file)
 void btnLoad_Click(App& app, BatchForm& form)
 {
     const std::string chosen =
-        ShowCommonDialog(app, FormId::Main, "Open Batch List", app.state.DefaultDir, kBatchFilter,
+        ShowCommonDialog(app, FormId::Batch, "Open Batch List", app.state.DefaultDir, kBatchFilter,
                          Int16(1), false, form.txtBatchFile.Text());
     if (!chosen.empty())
         LoadBatchList(app, form, chosen);
@@ -229,6 +223,7 @@ void btnSave_Click(App& app, BatchForm& form)
     request.initialFolder = app.state.DefaultDir;
     request.filter = kBatchFilter;
     request.save = true;
+    request.form = FormId::Batch;
     request.fileName = form.txtBatchFile.Text();
     std::string chosen;
     (void)Trap([&] { chosen = app.platform.ShowFileDialog(request); });
@@ -238,13 +233,13 @@ void btnSave_Click(App& app, BatchForm& form)
 
 void btnRunBatch_Click(App& app, BatchForm& form)
 {
-    SetPointer(app, form, kPointerHourglass);
+    app.SetMousePointer(FormId::Batch, kPointerHourglass);
     form.lstSummary.Clear();
     // The same routine as tos-cli batch, on the same items in the same order.
     const BatchReport report = RunBatch(app, BatchItems(form), form.kept.style);
     for (const std::string& line : SummaryLines(report))
         form.lstSummary.AddItem(line);
-    SetPointer(app, form, kPointerDefault);
+    app.SetMousePointer(FormId::Batch, kPointerDefault);
 }
 
 void btnClose_Click(App& app, BatchForm& form)
@@ -272,8 +267,9 @@ void btnClose_Click(App& app, BatchForm& form)
     form.formView.Notify();
 }
 
-void ConnectBatchEvents(App& app, BatchForm& form)
+void ConnectBatchEvents(App& app)
 {
+    BatchForm& form = app.batch;
     app.main.btnProcessAll.Click.Connect([&app, &form] { btnProcessAll_Click(app, form); });
     form.btnLoad.Click.Connect([&app, &form] { btnLoad_Click(app, form); });
     form.btnSave.Click.Connect([&app, &form] { btnSave_Click(app, form); });

@@ -39,7 +39,7 @@ void btnRunBatch_Click(App& app, BatchForm& form);
 // last read or saved.
 void btnClose_Click(App& app, BatchForm& form);
 
-// Connects the main form's button and the batch form's own buttons.
-void ConnectBatchEvents(App& app, BatchForm& form);
+// Connects the main form's button and the buttons of the App's batch form.
+void ConnectBatchEvents(App& app);
 
 } // namespace tos

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "forms/batch_form.h"
 #include "forms/compiler_form.h"
 #include "forms/main_form.h"
 #include "forms/run_state.h"
@@ -13,7 +14,7 @@
 namespace tos {
 
 // Everything one run of the program shares: the platform services, the run
-// state, the two forms and the profile reader's cache. Routines take it as their
+// state, the forms and the profile reader's cache. Routines take it as their
 // context; there are no globals.
 struct App {
     explicit App(Platform& p) : boxes(p), platform(boxes), profiles(boxes) {}
@@ -26,10 +27,17 @@ struct App {
     // Sets a form's mouse pointer (kPointerHourglass while it works, kPointerDefault after).
     void SetMousePointer(FormId form, int pointer)
     {
-        int& held = form == FormId::Main ? main.mousePointer : compiler.mousePointer;
-        held = pointer;
-        platform.SetMousePointer(form, pointer);
-        (form == FormId::Main ? main.formView : compiler.formView).Notify();
+        auto set = [&](auto& shown) {
+            shown.mousePointer = pointer;
+            platform.SetMousePointer(form, pointer);
+            shown.formView.Notify();
+        };
+        if (form == FormId::Main)
+            set(main);
+        else if (form == FormId::Compiler)
+            set(compiler);
+        else
+            set(batch);
     }
 
     // Ends the process; the desktop program leaves its event loop here.
@@ -43,6 +51,7 @@ struct App {
     RunState state;
     MainForm main;
     CompilerForm compiler;
+    BatchForm batch; // Process All
     SceneMapForm sceneMap;
 };
 

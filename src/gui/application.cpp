@@ -3,13 +3,12 @@
 #include <QApplication>
 
 #include "batch/batch_events.h"
-#include "batch/batch_form.h"
+#include "forms/app.h"
 #include "gui/batch_window.h"
 #include "gui/compiler_window.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
 #include "gui/scene_map_window.h"
-#include "forms/app.h"
 #include "shell/startup.h"
 
 namespace tos::gui {
@@ -29,9 +28,9 @@ int RunApplication(int argc, char** argv)
     SceneMapWindow sceneMap(app, &main);
     platform.SetFormWidget(FormId::Main, &main);
     platform.SetFormWidget(FormId::Compiler, &compiler);
-    BatchForm batch;
-    BatchWindow batchWindow(batch, &main);
-    ConnectBatchEvents(app, batch);
+    BatchWindow batchWindow(app.batch, &main);
+    platform.SetFormWidget(FormId::Batch, &batchWindow);
+    ConnectBatchEvents(app);
 
     Main(app);
     return qt.exec();

@@ -1,38 +1,23 @@
 #include "gui/batch_window.h"
 
-#include <QCheckBox>
 #include <QCloseEvent>
-#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
-#include <QScrollArea>
+#include <QTableView>
 #include <QVBoxLayout>
 
-#include "batch/batch_form.h"
+#include "forms/batch_form.h"
+#include "gui/batch_table.h"
 #include "gui/control_views.h"
 #include "gui/cp1252.h"
 #include "support/platform.h"
 
 namespace tos::gui {
-
-namespace {
-
-enum Column {
-    kProcess,
-    kMaxFile,
-    kBrowse,
-    kObjectName,
-    kUseTolvarine,
-    kUseMax,
-    kScale,
-    kOffset,
-};
-
-} // namespace
 
 BatchWindow::BatchWindow(BatchForm& form, QWidget* owner)
     : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -42,7 +27,6 @@ BatchWindow::BatchWindow(BatchForm& form, QWidget* owner)
     setObjectName("frmProcessAll");
     setWindowTitle(FromCp1252(form.caption));
     BuildControls();
-    BuildTable();
     resize(1100, 600);
 
     // The model outlives the window in tests; its notifiers must not reach a dead window.
@@ -50,10 +34,6 @@ BatchWindow::BatchWindow(BatchForm& form, QWidget* owner)
     form.formView.Subscribe([self] {
         if (self)
             self->SyncForm();
-    });
-    form.rowsView.Subscribe([self] {
-        if (self)
-            self->BuildTable();
     });
     form.showModal = [self] {
         if (self)
@@ -74,10 +54,6 @@ void BatchWindow::BuildControls()
     file->addWidget(MakeButton(form_.btnLoad, this));
     file->addWidget(MakeButton(form_.btnSave, this));
 
-    table_ = new QScrollArea(this);
-    table_->setObjectName("tableRows");
-    table_->setWidgetResizable(true);
-
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(MakeButton(form_.btnRunBatch, this));
     buttons->addStretch(1);
@@ -85,51 +61,35 @@ void BatchWindow::BuildControls()
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(file);
-    layout->addWidget(table_, 4);
-    layout->addWidget(new QLabel(tr("Summary of the last run:"), this));
+    layout->addWidget(BuildTable(), 4);
+    layout->addWidget(MakeLabel(form_.lblSummary, this));
     layout->addWidget(MakeListBox(form_.lstSummary, this), 1);
     layout->addLayout(buttons);
 }
 
-void BatchWindow::BuildTable()
+QTableView* BatchWindow::BuildTable()
 {
-    // The former widgets go at once: the rows they mirror are about to go too.
-    delete table_->takeWidget();
-    auto* inner = new QWidget;
-    auto* grid = new QGridLayout(inner);
-    const std::pair<Column, const char*> headings[] = {
-        {kProcess, "Process object"}, {kMaxFile, "MAX file"},      {kObjectName, "Object name"},
-        {kUseTolvarine, "Name from"}, {kScale, "Vertical\nscale"}, {kOffset, "Vertical\noffset"},
-    };
-    for (const auto& [column, text] : headings)
-        grid->addWidget(new QLabel(tr(text), inner), 0, column);
-    int line = 1;
-    for (const auto& row : form_.rows) {
-        grid->addWidget(MakeCheckBox(row->chkProcess, inner), line, kProcess, Qt::AlignLeft);
-        // Paths are long and names middling; the two numbers are short.
-        QLineEdit* maxFile = MakeTextBox(row->txtMaxFile, inner);
-        maxFile->setMinimumWidth(240);
-        grid->addWidget(maxFile, line, kMaxFile);
-        QPushButton* browse = MakeButton(row->btnBrowseMaxFile, inner);
-        browse->setMaximumWidth(64);
-        grid->addWidget(browse, line, kBrowse);
-        QLineEdit* name = MakeTextBox(row->txtObjectName, inner);
-        name->setMinimumWidth(120);
-        grid->addWidget(name, line, kObjectName);
-        grid->addWidget(MakeCheckBox(row->chkUseTolvarineName, inner), line, kUseTolvarine);
-        grid->addWidget(MakeCheckBox(row->chkUseMaxName, inner), line, kUseMax);
-        for (auto [box, column] : {std::pair{&row->txtVerticalScale, kScale},
-                                   std::pair{&row->txtVerticalOffset, kOffset}}) {
-            QLineEdit* edit = MakeTextBox(*box, inner);
-            edit->setMaximumWidth(70);
-            grid->addWidget(edit, line, column);
-        }
-        ++line;
-    }
-    grid->setColumnStretch(kMaxFile, 3);
-    grid->setColumnStretch(kObjectName, 2);
-    grid->setRowStretch(line, 1);
-    table_->setWidget(inner);
+    auto* table = new QTableView(this);
+    table->setObjectName(QString::fromStdString(form_.tblRows.Name()));
+    auto* rows = new BatchRowsModel(form_, table);
+    table->setModel(rows);
+    table->setItemDelegateForColumn(static_cast<int>(BatchColumn::Browse),
+                                    new BatchButtonDelegate(table));
+    table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
+                           QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    // One height for all lines lets the view lay out thousands at once.
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 10);
+    // Paths are long and names middling; the two numbers are short.
+    const int widths[kBatchColumns] = {200, 240, 70, 140, 90, 90, 90, 90};
+    for (int c = 0; c < kBatchColumns; ++c)
+        table->setColumnWidth(c, widths[c]);
+    table->horizontalHeader()->setSectionResizeMode(static_cast<int>(BatchColumn::MaxFile),
+                                                    QHeaderView::Stretch);
+    connect(table, &QTableView::clicked, rows,
+            [rows](const QModelIndex& index) { rows->Press(index); });
+    return table;
 }
 
 void BatchWindow::SyncForm()

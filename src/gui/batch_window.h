@@ -5,7 +5,7 @@
 #include "gui/control_views.h"
 
 class QCloseEvent;
-class QScrollArea;
+class QTableView;
 
 namespace tos {
 struct BatchForm;
@@ -13,10 +13,9 @@ struct BatchForm;
 
 namespace tos::gui {
 
-// The "Process All" window over the batch form model: a table with one line of
-// widgets per row of the model, the batch list's path with Load and Save, and
-// the summary of the last run. The table is built anew whenever the model
-// replaces its rows.
+// The "Process All" window over the batch form model: the batch list's path
+// with Load and Save, a table view over the model's rows (gui/batch_table.h),
+// and the summary of the last run.
 class BatchWindow : public QDialog {
     Q_OBJECT
 
@@ -32,11 +31,10 @@ protected:
 
 private:
     void BuildControls();
-    void BuildTable();
+    QTableView* BuildTable();
     void SyncForm();
 
     BatchForm& form_;
-    QScrollArea* table_ = nullptr;
 };
 
 } // namespace tos::gui

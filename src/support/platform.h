@@ -7,7 +7,7 @@
 namespace tos {
 
 // The program's two forms, for services that act on one of them.
-enum class FormId { Main, Compiler };
+enum class FormId { Main, Compiler, Batch };
 
 enum class MessageIcon { None, Exclamation };
 

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "batch/batch_events.h"
-#include "batch/batch_form.h"
 #include "common/fake_platform.h"
 #include "common/scratch.h"
 #include "forms/app.h"
+#include "forms/batch_form.h"
 #include "shell/startup.h"
 
 namespace tos {
@@ -35,8 +35,8 @@ TEST(BatchWindowModel, ClosingWithChangesSavesDiscardsOrStays)
         test::FakePlatform platform;
         platform.programFolder = std::string(TOS_SOURCE_DIR) + "/resources";
         App app(platform);
-        BatchForm batch;
-        ConnectBatchEvents(app, batch);
+        BatchForm& batch = app.batch;
+        ConnectBatchEvents(app);
         Main(app);
         dir.Write("Valley.scn",
                   test::ReadBytes(std::string(TOS_SOURCE_DIR) + "/examples/Valley/Valley.scn"));

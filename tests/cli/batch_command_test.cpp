@@ -4,11 +4,11 @@
 #include <sstream>
 
 #include "batch/batch_events.h"
-#include "batch/batch_form.h"
 #include "cli_run.h"
 #include "common/fake_platform.h"
 #include "common/scratch.h"
 #include "forms/app.h"
+#include "forms/batch_form.h"
 #include "shell/startup.h"
 #include "support/system.h"
 
@@ -117,8 +117,8 @@ TEST(BatchCommand, RunsAListAsTheWindowDoes)
     FakePlatform platform;
     platform.programFolder = kProgramFolder;
     App app(platform);
-    BatchForm batch;
-    ConnectBatchEvents(app, batch);
+    BatchForm& batch = app.batch;
+    ConnectBatchEvents(app);
     Main(app);
     platform.dialogAnswers = {CopyValley(byWindow)};
     app.main.btnBrowseProjectFile.Click.Fire();

@@ -15,7 +15,7 @@ constexpr double kTwipsPerInch = 1440.0;
 
 std::size_t FormIndex(FormId form)
 {
-    return form == FormId::Main ? 0 : 1;
+    return static_cast<std::size_t>(form);
 }
 
 bool IsUsable(HWND window)

@@ -51,7 +51,7 @@ private:
     // The form a message box stands over.
     HWND FrontWindow() const;
 
-    std::array<int, 2> pointers_{kPointerDefault, kPointerDefault};
+    std::array<int, 3> pointers_{kPointerDefault, kPointerDefault, kPointerDefault};
 };
 
 } // namespace tos::win

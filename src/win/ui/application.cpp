@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include "batch/batch_events.h"
-#include "batch/batch_form.h"
 #include "forms/app.h"
 #include "shell/startup.h"
 #include "win/platform/win_platform.h"
@@ -38,14 +37,15 @@ int RunApplication()
 
     MainWindow main(app);
     CompilerWindow compiler(app, main.Handle());
-    BatchForm batch;
-    BatchWindow batchWindow(batch, main.Handle());
-    ConnectBatchEvents(app, batch);
+    BatchWindow batchWindow(app.batch, main.Handle());
+    ConnectBatchEvents(app);
     // No window draws the scene map here: the button opens it as a picture.
     app.sceneMap.drawnInWindow = false;
     platform.windowOf = [&](FormId form) {
         if (form == FormId::Compiler)
             return compiler.Handle();
+        if (form == FormId::Batch)
+            return batchWindow.Handle();
         // The batch window stands in for the main form while it is shown, so its
         // dialogs and boxes leave the main form disabled beneath it.
         return IsWindowVisible(batchWindow.Handle()) ? batchWindow.Handle() : main.Handle();

@@ -1,6 +1,6 @@
 #include "win/ui/batch_window.h"
 
-#include "batch/batch_form.h"
+#include "forms/batch_form.h"
 #include "win/ui/control_mirrors.h"
 #include "win/ui/list_mirror.h"
 #include "win/ui/text_mirrors.h"
@@ -17,9 +17,7 @@ constexpr DWORD kExStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr int kWidth = 960;
 constexpr int kHeight = 600;
 constexpr int kMargin = 8;
-// The table's left edge inside the scroll view's sunken border.
-constexpr int kTableLeft = kMargin + 2;
-constexpr int kTableTop = 72;
+constexpr int kTableTop = 40;
 constexpr int kSummaryTop = kHeight - 194;
 constexpr int kButtonsTop = kHeight - 38;
 
@@ -31,29 +29,25 @@ TwipRect At(int left, int top, int width, int height)
 } // namespace
 
 BatchWindow::BatchWindow(BatchForm& form, HWND owner)
-    : FormWindow(form.caption, kStyle, kExStyle, owner, 15 * kWidth, 15 * kHeight), form_(form),
-      table_(Handle())
+    : FormWindow(form.caption, kStyle, kExStyle, owner, 15 * kWidth, 15 * kHeight), form_(form)
 {
     // Creation order is the tab order: the file line, the table, the summary and the buttons.
     Add<LabelMirror>(form.lblBatchFile, At(kMargin, 11, 70, 16), kFixed);
     Add<TextBoxMirror>(form.txtBatchFile, At(80, 8, kWidth - 80 - 184, 22), kGrowRight);
     Add<ButtonMirror>(form.btnLoad, At(kWidth - 180, 7, 84, 24), kMoveRight);
     Add<ButtonMirror>(form.btnSave, At(kWidth - 92, 7, 84, 24), kMoveRight);
-    BuildHeadings();
-    Place(table_.Handle(),
-          At(kMargin, kTableTop, kWidth - 2 * kMargin, kSummaryTop - 6 - kTableTop),
-          kGrowRight | kGrowDown);
-    Add<LabelMirror>(lblSummary_, At(kMargin, kSummaryTop, 300, 16), kMoveDown);
+    table_ = &Add<BatchTable>(
+        form.tblRows, At(kMargin, kTableTop, kWidth - 2 * kMargin, kSummaryTop - 6 - kTableTop),
+        kGrowRight | kGrowDown, form);
+    Add<LabelMirror>(form.lblSummary, At(kMargin, kSummaryTop, 300, 16), kMoveDown);
     Add<ListMirror>(form.lstSummary, At(kMargin, kSummaryTop + 18, kWidth - 2 * kMargin, 128),
                     kGrowRight | kMoveDown);
     Add<ButtonMirror>(form.btnRunBatch, At(kMargin, kButtonsTop, 110, 28), kMoveDown);
     Add<ButtonMirror>(form.btnClose, At(kWidth - kMargin - 90, kButtonsTop, 90, 28),
                       kMoveRight | kMoveDown);
     FinishLayout();
-    BuildTable();
 
     FollowForm(form.formView, [this] { SyncForm(); });
-    FollowForm(form.rowsView, [this] { BuildTable(); });
     form.showModal = [this] { Open(); };
     SyncForm();
 }
@@ -61,36 +55,6 @@ BatchWindow::BatchWindow(BatchForm& form, HWND owner)
 BatchWindow::~BatchWindow()
 {
     form_.showModal = nullptr;
-}
-
-void BatchWindow::BuildHeadings()
-{
-    using C = BatchColumns;
-    const int top = kTableTop - 32;
-    Add<LabelMirror>(lblProcessHeading_, At(kTableLeft + C::kProcess, top + 14, 140, 16), kFixed);
-    Add<LabelMirror>(lblMaxFileHeading_, At(kTableLeft + C::kMaxFile, top + 14, 200, 16), kFixed);
-    Add<LabelMirror>(lblObjectNameHeading_, At(kTableLeft + C::kObjectName, top + 14, 140, 16),
-                     kMoveRight);
-    Add<LabelMirror>(lblNameFromHeading_, At(kTableLeft + C::kNameFrom, top + 14, 150, 16),
-                     kMoveRight);
-    Add<LabelMirror>(lblScaleHeading_, At(kTableLeft + C::kScale, top, 58, 30), kMoveRight);
-    Add<LabelMirror>(lblOffsetHeading_, At(kTableLeft + C::kOffset, top, 58, 30), kMoveRight);
-}
-
-HWND BatchWindow::FindControl(std::string_view name) const
-{
-    if (HWND own = Find(name))
-        return own;
-    return rows_ ? rows_->Find(name) : nullptr;
-}
-
-void BatchWindow::BuildTable()
-{
-    // The former table goes first, while the rows it mirrors still live.
-    table_.SetContent(nullptr, 0);
-    rows_.reset();
-    rows_ = std::make_unique<BatchTable>(form_, table_.Handle());
-    table_.SetContent(rows_->Handle(), rows_->HeightPixels());
 }
 
 void BatchWindow::Open()
@@ -118,11 +82,6 @@ void BatchWindow::SyncForm()
     // While modal, the loop hides the window once it ends.
     if (!form_.visible && !InModalLoop() && IsWindowVisible(Handle()))
         ShowWindow(Handle(), SW_HIDE);
-}
-
-void BatchWindow::FocusMoved(HWND focus)
-{
-    table_.Reveal(focus);
 }
 
 void BatchWindow::OnClose()

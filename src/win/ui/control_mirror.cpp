@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "support/failure.h"
+
 #include "win/ui/form_window.h"
 
 namespace tos::win::ui {
@@ -16,6 +18,18 @@ std::string ControlName(HWND window)
     return name;
 }
 
+HWND CheckedWindow(HWND made, const std::string& what)
+{
+    if (made)
+        return made;
+    const DWORD code = GetLastError();
+    const std::string text = "Windows could not make " + what + " (system error " +
+                             std::to_string(code) +
+                             "). Close other programs to free their windows and start again.";
+    ::MessageBoxA(nullptr, text.c_str(), "Tolvarine Object Scripter", MB_OK | MB_ICONERROR);
+    Fail(err::OutOfMemory);
+}
+
 ControlMirror::~ControlMirror()
 {
     if (nameAtom_ != 0)
@@ -25,9 +39,11 @@ ControlMirror::~ControlMirror()
 void ControlMirror::Create(const char* windowClass, DWORD style, DWORD exStyle)
 {
     const int id = form_.NextControlId();
-    hwnd_ = CreateWindowExA(exStyle, windowClass, "", WS_CHILD | style, 0, 0, 0, 0, form_.Handle(),
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                            GetModuleHandleA(nullptr), nullptr);
+    hwnd_ = CheckedWindow(CreateWindowExA(exStyle, windowClass, "", WS_CHILD | style, 0, 0, 0, 0,
+                                          form_.Handle(),
+                                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                          GetModuleHandleA(nullptr), nullptr),
+                          "the control " + Name());
     form_.Register(this, hwnd_, id);
     nameAtom_ = GlobalAddAtomA(Name().c_str());
     SetPropA(hwnd_, kControlNameProperty,

@@ -18,6 +18,10 @@ inline constexpr const char* kControlNameProperty = "TolvarineControlName";
 // The name of the control a window mirrors, or "" for another window.
 std::string ControlName(HWND window);
 
+// The window just made, or, when Windows made none, a failure (7) after a box
+// that says which window could not be made and why, so nothing goes missing unseen.
+HWND CheckedWindow(HWND made, const std::string& what);
+
 // The native window of one control of a form model, tied to it both ways: what
 // the user does goes to the model as the control's own change or event, and
 // every change of the model repaints the window. The window is named after the

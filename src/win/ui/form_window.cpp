@@ -43,13 +43,16 @@ FormWindow::FormWindow(const std::string& caption, DWORD style, DWORD exStyle, H
     RegisterFormClass(&FormWindow::Proc);
     RECT outer{0, 0, scale_.Pixels(widthTwips), scale_.Pixels(heightTwips)};
     AdjustWindowRectEx(&outer, style, FALSE, exStyle);
-    hwnd_ = CreateWindowExA(exStyle, kWindowClass, caption.c_str(), style, CW_USEDEFAULT,
-                            CW_USEDEFAULT, outer.right - outer.left, outer.bottom - outer.top,
-                            owner, nullptr, GetModuleHandleA(nullptr), this);
-
-    tips_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP,
-                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd_,
-                            nullptr, GetModuleHandleA(nullptr), nullptr);
+    hwnd_ = CheckedWindow(CreateWindowExA(exStyle, kWindowClass, caption.c_str(), style,
+                                          CW_USEDEFAULT, CW_USEDEFAULT, outer.right - outer.left,
+                                          outer.bottom - outer.top, owner, nullptr,
+                                          GetModuleHandleA(nullptr), this),
+                          "the window " + caption);
+    tips_ = CheckedWindow(CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
+                                          WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT, CW_USEDEFAULT,
+                                          CW_USEDEFAULT, CW_USEDEFAULT, hwnd_, nullptr,
+                                          GetModuleHandleA(nullptr), nullptr),
+                          "the tooltips of " + caption);
 }
 
 FormWindow::~FormWindow()

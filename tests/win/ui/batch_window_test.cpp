@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <filesystem>
 #include <functional>
 
 #include "common/scratch.h"
 #include "project/scene_fixture.h"
 #include "window_driver.h"
+
+#include <commctrl.h>
 
 namespace tos::test {
 namespace {
@@ -32,128 +33,128 @@ void OpenProcessAllAnd(Windows& w, std::deque<std::function<void()>> user)
     SendMessageA(w.Main("btnProcessAll"), BM_CLICK, 0, 0);
 }
 
-void LoadProject(Windows& w, const ScratchDir& scratch, const std::string& scene)
+// What a cell of the table says, read through the view.
+std::string Cell(HWND table, std::size_t row, BatchColumn column)
 {
-    scratch.Write("Valley.scn", scene);
-    w.platform.dialogAnswers = {scratch.Write("Valley.prj", "")};
-    SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
-    Pump();
-    w.platform.ClearMessages();
+    return ListRow(table, static_cast<int>(row), static_cast<int>(column));
 }
 
-// The index of the table's line for a row of the object list.
-std::string Line(const Windows& w, const std::string& selection)
+// The click the view reports to the window, at the middle of a cell of a line in sight.
+void Click(HWND table, std::size_t row, BatchColumn column)
 {
-    const auto& rows = w.app.main.comboSelectObject.Items().Rows();
-    return std::to_string(std::find(rows.begin(), rows.end(), selection) - rows.begin());
+    RECT cell{};
+    cell.top = static_cast<LONG>(column);
+    cell.left = LVIR_BOUNDS;
+    SendMessageA(table, LVM_GETSUBITEMRECT, row, reinterpret_cast<LPARAM>(&cell));
+    NMITEMACTIVATE click{};
+    click.hdr = {table, static_cast<UINT_PTR>(GetDlgCtrlID(table)), static_cast<UINT>(NM_CLICK)};
+    click.ptAction = {(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2};
+    SendMessageA(GetParent(table), WM_NOTIFY, click.hdr.idFrom, reinterpret_cast<LPARAM>(&click));
 }
 
-TEST(BatchWindowTest, ModalTableOfTheObjectListRunsACheckedRowIntoAScript)
+LRESULT MaxFileWidth(HWND table)
+{
+    return SendMessageA(table, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(BatchColumn::MaxFile), 0);
+}
+
+void Key(HWND window, WPARAM key)
+{
+    SendMessageA(window, WM_KEYDOWN, key, 0);
+}
+
+TEST(BatchWindowTest, OneListViewMirrorsEveryRowAndForwardsClicksKeysAndEdits)
 {
     ScratchDir scratch;
+    std::vector<SceneModel> models;
+    for (int i = 0; i < 2100; ++i)
+        models.push_back(
+            {.value = "Obj" + std::to_string(10000 + i) + ".SLT", .position = "1600,0,1700"});
     Windows w;
-    LoadProject(w, scratch, ReadBytes(SourceFile("examples/Valley/Valley.scn")));
+    scratch.Write("Valley.scn", SceneText(models));
+    w.platform.dialogAnswers = {scratch.Write("Valley.prj", "")};
+    SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
+    w.platform.ClearMessages();
+    const BatchForm& batch = w.app.batch;
     HWND dialog = w.batchWindow.Handle();
-    const auto& objects = w.app.main.comboSelectObject.Items().Rows();
-    ASSERT_GT(objects.size(), 5u);
-    const std::string barn = Line(w, "Barn");
-    bool ran = false;
+    HWND table = w.Batch("tblRows");
+    LRESULT maxFileWidth = 0;
+    std::size_t last = 0;
     OpenProcessAllAnd(
         w, {[&] {
-                ran = true;
                 EXPECT_TRUE(IsWindowVisible(dialog) && !IsWindowEnabled(w.main.Handle()));
-                EXPECT_EQ(Text(dialog), "Process All");
-                EXPECT_EQ(GetWindow(dialog, GW_OWNER), w.main.Handle());
                 EXPECT_EQ(Text(w.Batch("txtBatchFile")), scratch.File("Valley.tosbatch"));
-                // One line for each row of the object list, captioned with the row.
-                for (std::size_t i = 0; i < objects.size(); ++i)
-                    EXPECT_EQ(Text(w.Batch("chkProcess_" + std::to_string(i))), objects[i]);
-                EXPECT_EQ(w.Batch("chkProcess_" + std::to_string(objects.size())), nullptr);
+                // One line for each row of the model, headed as the model says.
+                ASSERT_GT(batch.rows.size(), 2000u);
+                ASSERT_EQ(ListCount(table), static_cast<int>(batch.rows.size()));
+                char heading[64] = "";
+                LVCOLUMNA column{};
+                column.mask = LVCF_TEXT;
+                column.pszText = heading;
+                column.cchTextMax = sizeof heading;
+                SendMessageA(table, LVM_GETCOLUMNA, static_cast<WPARAM>(BatchColumn::Scale),
+                             reinterpret_cast<LPARAM>(&column));
+                EXPECT_STREQ(heading, BatchHeading(BatchColumn::Scale));
+                EXPECT_EQ(Cell(table, 0, BatchColumn::Process), "[ ] " + batch.rows[0]->selection);
 
-                // The name follows the .max file, as on the main form.
-                SendMessageA(w.Batch("chkUseMaxName_" + barn), BM_CLICK, 0, 0);
-                Type(w.Batch("txtMaxFile_" + barn), "D:\\Red Barn.max");
-                SendMessageA(w.Batch("chkProcess_" + barn), BM_CLICK, 0, 0);
-                EXPECT_EQ(Text(w.Batch("txtObjectName_" + barn)), "Red Barn");
-                EXPECT_EQ(SendMessageA(w.Batch("chkProcess_" + barn), BM_GETCHECK, 0, 0),
-                          BST_CHECKED);
+                // The last line is reached and edited like the first.
+                last = batch.rows.size() - 1;
+                SendMessageA(table, LVM_ENSUREVISIBLE, last, FALSE);
+                RECT line{}, client;
+                line.left = LVIR_BOUNDS;
+                SendMessageA(table, LVM_GETITEMRECT, last, reinterpret_cast<LPARAM>(&line));
+                GetClientRect(table, &client);
+                EXPECT_TRUE(line.top >= 0 && line.bottom <= client.bottom);
+                Click(table, last, BatchColumn::UseMax);
+                EXPECT_TRUE(batch.rows[last]->chkUseMaxName.Checked());
+                Click(table, last, BatchColumn::MaxFile);
+                ASSERT_NE(w.batchWindow.Table().Editor(), nullptr);
+                Type(w.batchWindow.Table().Editor(), "D:\\Red Barn.max");
+                Key(w.batchWindow.Table().Editor(), VK_RETURN);
+                EXPECT_EQ(w.batchWindow.Table().Editor(), nullptr);
+                EXPECT_EQ(batch.rows[last]->txtMaxFile.Text(), "D:\\Red Barn.max");
+                EXPECT_EQ(Cell(table, last, BatchColumn::ObjectName), "Red Barn");
+                // Escape drops an edit; Tab hands it over and edits the next text cell.
+                Click(table, last, BatchColumn::Scale);
+                Type(w.batchWindow.Table().Editor(), "2");
+                Key(w.batchWindow.Table().Editor(), VK_ESCAPE);
+                EXPECT_EQ(batch.rows[last]->txtVerticalScale.Text(), "");
+                Click(table, last, BatchColumn::Scale);
+                Type(w.batchWindow.Table().Editor(), "2");
+                Key(w.batchWindow.Table().Editor(), VK_TAB);
+                EXPECT_EQ(batch.rows[last]->txtVerticalScale.Text(), "2");
+                // Browse presses the row's button; Space toggles Process of the focused line.
+                const std::string oak = scratch.Write("Oak.max", "");
+                w.platform.dialogAnswers = {oak};
+                Click(table, 1, BatchColumn::Browse);
+                EXPECT_EQ(Cell(table, 1, BatchColumn::MaxFile), oak);
+                LVITEMA focus{};
+                focus.state = focus.stateMask = LVIS_FOCUSED;
+                SendMessageA(table, LVM_SETITEMSTATE, last, reinterpret_cast<LPARAM>(&focus));
+                Key(table, VK_SPACE);
+                EXPECT_EQ(Cell(table, last, BatchColumn::Process),
+                          "[x] " + batch.rows[last]->selection);
                 SendMessageA(w.Batch("btnRunBatch"), BM_CLICK, 0, 0);
             },
             [&] {
                 HWND summary = w.Batch("lstSummary");
-                const std::string script = scratch.File("Valley_Main_Barn.ms");
-                ASSERT_TRUE(std::filesystem::exists(script));
-                const std::string text = ReadBytes(script);
-                const auto rows = std::count(text.begin(), text.end(), '\n');
-                ASSERT_EQ(ListCount(summary), 3);
-                EXPECT_EQ(ListRow(summary, 0),
-                          "Barn: " + script + ", " + std::to_string(rows) + " rows");
-                EXPECT_EQ(ListRow(summary, 1), "    3ds Max would stop at line 13: the name Red "
-                                               "Barn needs quotes. Tick For 3ds Max 2008 and "
-                                               "later.");
-                EXPECT_EQ(ListRow(summary, 2),
-                          "Joined: " + scratch.File("Valley_Main_All.ms") + ", 1 script");
-                EXPECT_NE(text.find("Red Barn"), std::string::npos);
-                // The close box closes as Close does: the table holds changes no
-                // list keeps, and the user is told.
+                ASSERT_EQ(ListCount(summary), static_cast<int>(batch.lstSummary.RowCount()));
+                EXPECT_EQ(ListRow(summary, 0), batch.lstSummary.Row(0));
+                // The .max file column takes the extra width.
+                RECT outer;
+                GetWindowRect(dialog, &outer);
+                maxFileWidth = MaxFileWidth(table);
+                SetWindowPos(dialog, nullptr, 0, 0, outer.right - outer.left + 200,
+                             outer.bottom - outer.top, SWP_NOMOVE | SWP_NOZORDER);
+            },
+            [&] {
+                EXPECT_EQ(MaxFileWidth(table), maxFileWidth + 200);
+                // The close box closes as Close does: the table holds changes no list
+                // keeps, and the user is told.
                 SendMessageA(dialog, WM_CLOSE, 0, 0);
             }});
-    EXPECT_TRUE(ran && steps.empty());
+    EXPECT_TRUE(steps.empty());
     EXPECT_TRUE(!IsWindowVisible(dialog) && IsWindowEnabled(w.main.Handle()));
-    ASSERT_EQ(w.platform.Texts().size(), 1u);
-    EXPECT_EQ(w.platform.Texts()[0].rfind("The table holds changes", 0), 0u);
-}
-
-TEST(BatchWindowTest, TheTableScrollsToTheControlTheKeyboardReachesAndGrowsWithTheWindow)
-{
-    ScratchDir scratch;
-    std::vector<SceneModel> models;
-    for (int i = 0; i < 40; ++i)
-        models.push_back({.value = "Obj" + std::to_string(10 + i) + ".SLT",
-                          .position = std::to_string(1600 + 10 * i) + ",0,1700"});
-    Windows w;
-    LoadProject(w, scratch, SceneText(models));
-    ASSERT_GE(w.app.main.comboSelectObject.Items().Rows().size(), 40u);
-    HWND dialog = w.batchWindow.Handle();
-    HWND view = w.batchWindow.Table().Handle();
-    const std::string last = Line(w, "Obj49");
-    auto inSight = [&](HWND control) {
-        RECT r, client;
-        GetWindowRect(control, &r);
-        MapWindowPoints(nullptr, view, reinterpret_cast<POINT*>(&r), 2);
-        GetClientRect(view, &client);
-        return r.top >= 0 && r.bottom <= client.bottom;
-    };
-    RECT before{};
-    OpenProcessAllAnd(w, {[&] {
-                              EXPECT_EQ(w.batchWindow.Table().Top(), 0);
-                              EXPECT_FALSE(inSight(w.Batch("txtMaxFile_" + last)));
-                              SetFocus(w.Batch("txtMaxFile_" + last));
-                          },
-                          [&] {
-                              EXPECT_GT(w.batchWindow.Table().Top(), 0);
-                              EXPECT_TRUE(inSight(w.Batch("txtMaxFile_" + last)));
-                              SendMessageA(view, WM_VSCROLL, SB_TOP, 0);
-                              EXPECT_TRUE(inSight(w.Batch("txtMaxFile_0")));
-                              // The wheel over a box scrolls the table.
-                              SendMessageA(w.Batch("txtMaxFile_0"), WM_MOUSEWHEEL,
-                                           MAKEWPARAM(0, -WHEEL_DELTA), 0);
-                              EXPECT_GT(w.batchWindow.Table().Top(), 0);
-                              SendMessageA(view, WM_VSCROLL, SB_TOP, 0);
-                              GetWindowRect(w.Batch("txtMaxFile_0"), &before);
-                              RECT outer;
-                              GetWindowRect(dialog, &outer);
-                              SetWindowPos(dialog, nullptr, 0, 0, outer.right - outer.left + 200,
-                                           outer.bottom - outer.top, SWP_NOMOVE | SWP_NOZORDER);
-                          },
-                          [&] {
-                              // The .max file box takes the extra width.
-                              RECT now;
-                              GetWindowRect(w.Batch("txtMaxFile_0"), &now);
-                              EXPECT_EQ(now.right - now.left, before.right - before.left + 200);
-                              SendMessageA(w.Batch("btnClose"), BM_CLICK, 0, 0);
-                          }});
-    EXPECT_TRUE(steps.empty() && !IsWindowVisible(dialog));
+    EXPECT_EQ(w.platform.Texts().size(), 1u); // the question about the changes
 }
 
 } // namespace

@@ -135,7 +135,7 @@ TEST(ProgramTest, LoadsTheExampleProjectAndWritesTheScriptOfAnObject)
     HWND batch = WaitFor([&] { return WindowOf(process.dwProcessId, "Process All"); });
     ASSERT_NE(batch, nullptr);
     EXPECT_FALSE(IsWindowEnabled(form));
-    Send(Control(batch, "chkProcess_0"), BM_CLICK, 0, 0);
+    Send(Control(batch, "tblRows"), WM_KEYDOWN, VK_SPACE, 0); // Process of the first line
     PostMessageA(batch, WM_CLOSE, 0, 0);
     HWND box = WaitFor([&] { return WindowOf(process.dwProcessId, "TolvarineObjectScripter"); });
     ASSERT_NE(box, nullptr);

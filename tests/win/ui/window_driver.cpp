@@ -17,7 +17,7 @@ Windows::Windows()
     }();
     (void)controls;
     app.endProcess = [this] { ended = true; };
-    ConnectBatchEvents(app, batch);
+    ConnectBatchEvents(app);
     app.sceneMap.drawnInWindow = false;
     tos::Main(app);
     Pump();
@@ -39,11 +39,11 @@ std::string Text(HWND window)
     return text.data();
 }
 
-std::string ListRow(HWND list, int index)
+std::string ListRow(HWND list, int index, int column)
 {
     std::vector<char> text(4096);
     LVITEMA item{};
-    item.iSubItem = 0;
+    item.iSubItem = column;
     item.pszText = text.data();
     item.cchTextMax = static_cast<int>(text.size());
     SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(index),

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "batch/batch_form.h"
 #include "common/fake_platform.h"
 #include "forms/app.h"
 #include "win/ui/batch_window.h"
@@ -24,16 +23,15 @@ struct Windows {
     App app{platform};
     win::ui::MainWindow main{app};
     win::ui::CompilerWindow compiler{app, main.Handle()};
-    BatchForm batch;
-    win::ui::BatchWindow batchWindow{batch, main.Handle()};
+    win::ui::BatchWindow batchWindow{app.batch, main.Handle()};
     bool ended = false;
 };
 
 // Lets the windows handle what is posted to them, as the message loop would.
 void Pump();
 std::string Text(HWND window);
-// Row i of a list view, read through the view itself.
-std::string ListRow(HWND list, int index);
+// Row i of a list view (its column's cell), read through the view itself.
+std::string ListRow(HWND list, int index, int column = 0);
 int ListCount(HWND list);
 // A user's choice of a row of a combo box: the selection and its notification.
 void PickRow(HWND combo, int index);

@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "batch/batch_list.h"
+#include "forms/batch_items.h"
 #include "forms/controls.h"
 
 namespace tos {
 
-// One object row of the batch window. Its controls are named after the row's
-// index ("txtMaxFile_3"), so a view can find each.
+// One object row of the batch window: a line of the table, one control per
+// column. Its controls are named after the row's index ("txtMaxFile_3").
 struct BatchRow {
     BatchRow(int index, const std::string& selection);
     BatchRow(const BatchRow&) = delete;
@@ -33,7 +33,36 @@ struct BatchRow {
     std::optional<bool> instances;
     std::vector<std::string> otherLines;
     bool listed = false; // the row stands for an item of the batch list read
+    // Tells a view that one of the row's controls changed, so it redraws the line.
+    ViewNotifier lineView;
 };
+
+// The columns of the batch table, left to right, as both windows show them.
+enum class BatchColumn {
+    Process,
+    MaxFile,
+    Browse,
+    ObjectName,
+    UseTolvarine,
+    UseMax,
+    Scale,
+    Offset
+};
+inline constexpr int kBatchColumns = 8;
+
+// The heading of a column; "" where the heading to its left goes on.
+const char* BatchHeading(BatchColumn column);
+
+// The control a row shows in a column: exactly one of the three is set. A
+// window shows a check box with its caption, a text box's text and a button's
+// caption; the user's click, edit or press goes to that control.
+struct BatchCell {
+    CheckBox* check = nullptr;
+    TextBox* text = nullptr;
+    Button* button = nullptr;
+    Control& Of() const;
+};
+BatchCell CellOf(BatchRow& row, BatchColumn column);
 
 // The "Process All" window as a model: one row for each item of the batch list
 // read, in its order, then one for each row of the object list that no item
@@ -58,12 +87,14 @@ struct BatchForm {
     BatchList kept;
 
     std::vector<std::unique_ptr<BatchRow>> rows;
+    Control tblRows; // the table of the rows as a whole
     Label lblBatchFile;
     TextBox txtBatchFile;
     Button btnLoad;
     Button btnSave;
     Button btnRunBatch; // "Process All"
     Button btnClose;
+    Label lblSummary;
     ListBox lstSummary; // unsorted
 };
 
