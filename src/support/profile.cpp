@@ -1,7 +1,9 @@
 #include "support/profile.h"
 
 #include <algorithm>
+#include <charconv>
 
+#include "support/case_blind.h"
 #include "support/conversions.h"
 #include "support/platform.h"
 #include "support/profile_state.h"
@@ -13,6 +15,8 @@ namespace {
 
 constexpr std::int64_t kLargeFile = 65535;
 constexpr std::int64_t kLookLifetimeNs = 100'000'000;
+// The buffer a read gives the reader: 255 characters.
+constexpr std::int32_t kValueSize = 255;
 
 } // namespace
 
@@ -62,9 +66,9 @@ std::string ProfileFiles::GetINIString(const std::string& section, const std::st
         const FileFacts& facts = impl_->Facts(file);
         std::int32_t n = 0;
         if (facts.length < kLargeFile) {
-            n = impl_->ReadSmallFile(section, key, kNotFound, buffer, 255, file, facts);
+            n = impl_->ReadSmallFile(section, key, kNotFound, buffer, kValueSize, file, facts);
         } else {
-            n = ReadValueFromCache(section, key, kNotFound, buffer, 255, file);
+            n = ReadValueFromCache(section, key, kNotFound, buffer, kValueSize, file);
         }
         buffer.resize(std::min(buffer.size(), static_cast<std::size_t>(std::max(n, 0))));
     });
@@ -97,28 +101,41 @@ void ProfileFiles::ForgetLastLook()
 std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const std::string& file,
                                                                         const std::string& prefix)
 {
+    const auto found = FindNumbered(file, prefix);
+    if (found == nullptr)
+        return std::nullopt;
+    std::vector<std::int32_t> numbers;
+    numbers.reserve(found->sections.size());
+    for (const auto& section : found->sections)
+        numbers.push_back(section.number);
+    return numbers;
+}
+
+std::shared_ptr<const ProfileFiles::Numbered> ProfileFiles::FindNumbered(const std::string& file,
+                                                                         const std::string& prefix)
+{
     Impl& s = *impl_;
     // A lookup trims the whole name; the digits end it, so only the prefix's start matters.
     std::string_view head = prefix;
     head.remove_prefix(std::min(head.find_first_not_of(' '), head.size()));
 
-    std::vector<std::int32_t> numbers;
+    std::vector<NumberedSection> sections;
     std::string stamp;
-    bool cached = false;
-    auto consider = [&](std::string_view name) {
+    std::uint64_t generation = 0;
+    auto consider = [&](std::string_view name, std::int32_t behind) {
         std::int32_t n = 0;
         if (name.size() > head.size() && EqualsIgnoringCase(name.substr(0, head.size()), head) &&
             IsPositiveInt32Text(name.substr(head.size()), n))
-            numbers.push_back(n);
+            sections.push_back({n, behind});
     };
 
     bool readable = false;
+    bool cached = false;
     Trap([&] {
         const FileFacts& facts = s.Facts(file);
         stamp = facts.stamp;
         if (s.numbered && s.numbered->file == file && s.numbered->stamp == stamp &&
             s.numbered->prefix == prefix) {
-            numbers = s.numbered->numbers;
             cached = readable = true;
             return;
         }
@@ -127,25 +144,73 @@ std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const st
             if (!names)
                 return;
             for (const std::string& name : *names)
-                consider(name);
+                consider(name, -1);
         } else {
             if (file != s.SectionCacheFile || facts.stamp != s.SectionCacheStamp)
                 LoadSectionCache(file);
             if (!s.sectionCacheRead)
                 return;
-            for (const auto& entry : s.SectionCache)
-                consider(entry.first);
+            generation = s.sectionCacheGeneration;
+            const SectionIndex& index = s.SectionCache;
+            sections.reserve(index.Size());
+            for (std::size_t i = 0; i < index.Size(); ++i)
+                consider(index.Name(s.SectionCacheText, i), index.Behind(i));
         }
         readable = true;
     });
     if (!readable)
-        return std::nullopt;
+        return nullptr;
     if (!cached) {
-        std::sort(numbers.begin(), numbers.end());
-        numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-        s.numbered = Impl::Numbered{file, stamp, prefix, numbers};
+        auto byNumber = [](const auto& a, const auto& b) { return a.number < b.number; };
+        auto sameNumber = [](const auto& a, const auto& b) { return a.number == b.number; };
+        std::sort(sections.begin(), sections.end(), byNumber);
+        sections.erase(std::unique(sections.begin(), sections.end(), sameNumber), sections.end());
+        s.numbered.reset();
+        s.numbered = std::make_shared<const Numbered>(
+            Numbered{file, stamp, prefix, generation, std::move(sections)});
     }
-    return numbers;
+    return s.numbered;
+}
+
+bool ProfileFiles::ForEachNumberedValue(
+    const std::string& file, const std::string& prefix, std::int32_t last, const std::string& key,
+    const std::function<void(std::int32_t, const std::string&, const std::string&)>& visit)
+{
+    static const std::string kNotFound = "NotFound";
+    Impl& s = *impl_;
+    // The walk holds its answer: a visit may ask for another.
+    const auto numbered = FindNumbered(file, prefix);
+    if (numbered == nullptr)
+        return false;
+    const std::uint64_t generation = numbered->generation;
+    std::string section = prefix;
+    std::string value;
+    for (const NumberedSection& at : numbered->sections) {
+        if (at.number > last)
+            break;
+        char digits[16];
+        const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
+        section.resize(prefix.size());
+        section.append(digits, end);
+        // The section's place is known while the cache it came from holds; otherwise the
+        // value is read by name, as any read would.
+        bool known = false;
+        Trap([&] {
+            const FileFacts& facts = s.Facts(file);
+            known = at.behind >= 0 && facts.length >= kLargeFile && file == s.SectionCacheFile &&
+                    facts.stamp == s.SectionCacheStamp && generation == s.sectionCacheGeneration;
+        });
+        if (known) {
+            value.assign(kNotFound);
+            Trap([&] { s.ScanSection(at.behind, key, value, kValueSize); });
+            if (value == kNotFound)
+                value.clear();
+        } else {
+            value = GetINIString(section, key, file);
+        }
+        visit(at.number, section, value);
+    }
+    return true;
 }
 
 } // namespace tos

@@ -4,15 +4,30 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "support/case_blind.h"
 #include "support/files.h"
 #include "support/parsed_profile.h"
 #include "support/profile.h"
+#include "support/profile_index.h"
 
 namespace tos {
+
+// A section that NumberedSections finds: its number and where it is.
+struct ProfileFiles::NumberedSection {
+    std::int32_t number;
+    // For a large file, the position behind the header in the section cache of
+    // the generation below; -1 for a small file.
+    std::int32_t behind;
+};
+// The answer of NumberedSections for one file, stamp and prefix.
+struct ProfileFiles::Numbered {
+    std::string file;
+    std::string stamp;
+    std::string prefix;
+    std::uint64_t generation;              // of the section cache the places come from
+    std::vector<NumberedSection> sections; // ascending, distinct numbers
+};
 
 struct ProfileFiles::Impl {
     explicit Impl(Platform& p) : platform(p) {}
@@ -60,21 +75,20 @@ struct ProfileFiles::Impl {
     std::string SectionCacheFile;
     std::string SectionCacheStamp;
     std::string SectionCacheText;
-    // Key: the header line's name between its brackets, for headers that end in "]";
-    // other headers can never match a lookup. Value: the position behind the header line.
-    std::unordered_map<std::string, std::int32_t, CaseBlindHash, CaseBlindEqual> SectionCache;
+    // The names between the brackets of the header lines that end in "]" (other headers
+    // can never match a lookup), each with the position behind its header line.
+    SectionIndex SectionCache;
     std::int32_t SectionCachePos = 0;
-    bool sectionCacheRead = false; // whether the last load could read the file
+    // The scan of one section of the cache, from the position behind its header, for
+    // the first line whose key is key: its value into buffer, at most size characters.
+    void ScanSection(std::int32_t behind, std::string_view key, std::string& buffer,
+                     std::int32_t size);
+    bool sectionCacheRead = false;            // whether the last load could read the file
+    std::uint64_t sectionCacheGeneration = 0; // counts the loads
 
     // The last answer of NumberedSections: a load asks it once per model walk, and the
     // answer holds while the file's stamp does.
-    struct Numbered {
-        std::string file;
-        std::string stamp;
-        std::string prefix;
-        std::vector<std::int32_t> numbers;
-    };
-    std::optional<Numbered> numbered;
+    std::shared_ptr<const Numbered> numbered;
 };
 
 } // namespace tos
