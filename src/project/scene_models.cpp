@@ -1,9 +1,11 @@
 #include "project/scene_models.h"
 
+#include <algorithm>
+#include <charconv>
 #include <limits>
 
-#include "project/catalogue.h"
 #include "forms/app.h"
+#include "project/catalogue.h"
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"
@@ -29,10 +31,14 @@ std::string Stem(App& app, const std::string& modelValue)
 
 void FirstPass(App& app, MainForm& form, const TileWindow& window)
 {
+    ValueMemo<bool> candidate;
+    ValueMemo<std::string> stem;
     ForEachModel(app, app.state.NumberOfStaticModels,
                  [&](Int32 n, const std::string& section, const std::string& value) {
-                     if (IsCandidate(app, value) && IsInChosenTiles(app, window, section))
-                         form.lstSCNdata1.AddItem(Stem(app, value) + "|" + ModelNumberField(n));
+                     if (candidate(value, [&] { return IsCandidate(app, value); }) &&
+                         IsInChosenTiles(app, window, section))
+                         form.lstSCNdata1.AddItem(stem(value, [&] { return Stem(app, value); }) +
+                                                  "|" + ModelNumberField(n));
                  });
 }
 
@@ -70,7 +76,15 @@ void ThirdPass(App& app, MainForm& form)
 
 std::string ModelNumberField(Int32 n)
 {
-    return FormatPattern(n.value(), "000");
+    if (n < Int32(0))
+        return FormatPattern(n.value(), "000");
+    // What the pattern gives a whole number: its digits, led by zeros to three.
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, n.value()).ptr;
+    std::string field(static_cast<std::size_t>(std::max<std::ptrdiff_t>(3 - (end - digits), 0)),
+                      '0');
+    field.append(digits, end);
+    return field;
 }
 
 TileWindow ReadTileWindowAndLinkScale(App& app)
@@ -98,22 +112,19 @@ void ForEachModel(
     const std::function<void(Int32, const std::string& section, const std::string& value)>& visit)
 {
     const std::string& scn = app.state.ScnFile;
-    auto read = [&](Int32 n) {
-        const std::string section = kModelPrefix + IntegerToText(n.value());
-        visit(n, section, app.profiles.GetINIString(section, "SLT", scn));
-    };
     if (count < Int32(1))
         return;
-    const auto numbers = app.profiles.NumberedSections(scn, kModelPrefix);
-    if (!numbers) {
-        for (Int32 n = 1; n <= count; ++n)
-            read(n);
+    const bool read = app.profiles.ForEachNumberedValue(
+        scn, kModelPrefix, count.value(), "SLT",
+        [&](std::int32_t n, const std::string& section, const std::string& value) {
+            visit(Int32(n), section, value);
+        });
+    if (!read) {
+        for (Int32 n = 1; n <= count; ++n) {
+            const std::string section = kModelPrefix + IntegerToText(n.value());
+            visit(n, section, app.profiles.GetINIString(section, "SLT", scn));
+        }
         return;
-    }
-    for (const auto n : *numbers) {
-        if (n > count.value())
-            break;
-        read(Int32(n));
     }
     // The counted loop steps its counter once past the last value.
     if (count.value() == std::numeric_limits<std::int32_t>::max())
@@ -141,9 +152,13 @@ void GetSLTcount(App& app)
                 return;
             }
             s.NumberOfStaticModels = ToInt32(TextToNumber(value));
+            ValueMemo<bool> isSlt;
             ForEachModel(app, s.NumberOfStaticModels,
                          [&](Int32, const std::string&, const std::string& value) {
-                             if (GetFileExtension(app.platform, UpperCase(value)) == "SLT")
+                             if (isSlt(value, [&] {
+                                     return GetFileExtension(app.platform, UpperCase(value)) ==
+                                            "SLT";
+                                 }))
                                  ++s.SLTcount;
                          });
             app.main.lblSLTcount.SetCaption(IntegerToText(s.SLTcount.value()));

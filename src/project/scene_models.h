@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <unordered_map>
 
 #include "orientation/tile_grid.h"
 #include "support/checked.h"
@@ -25,6 +26,22 @@ TileWindow ReadTileWindowAndLinkScale(App& app);
 void ForEachModel(
     App& app, Int32 count,
     const std::function<void(Int32, const std::string& section, const std::string& value)>& visit);
+
+// The answers of a test or a transformation of a model's value, one per distinct value: a
+// scene holds few distinct values, and the tests of a walk depend on the value alone.
+template <class Answer> class ValueMemo {
+public:
+    template <class Work> const Answer& operator()(const std::string& value, Work work)
+    {
+        const auto found = answers_.find(value);
+        if (found != answers_.end())
+            return found->second;
+        return answers_.emplace(value, work()).first->second;
+    }
+
+private:
+    std::unordered_map<std::string, Answer> answers_;
+};
 
 // Reads the Position of the section and answers whether the load takes the
 // model: inside the window with chkMainTile checked, outside it otherwise.

@@ -1,8 +1,8 @@
 #include "project/stock_groups.h"
 
+#include "forms/app.h"
 #include "project/catalogue.h"
 #include "project/scene_models.h"
-#include "forms/app.h"
 #include "support/failure.h"
 
 namespace tos {
@@ -30,9 +30,10 @@ void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
     if (auto f = Trap([&] {
             list.Clear();
             const TileWindow window = ReadTileWindowAndLinkScale(app);
+            ValueMemo<bool> member;
             ForEachModel(app, app.state.NumberOfStaticModels,
                          [&](Int32 n, const std::string& section, const std::string& value) {
-                             if (group.isMember(app, value) &&
+                             if (member(value, [&] { return group.isMember(app, value); }) &&
                                  IsInChosenTiles(app, window, section))
                                  list.AddItem(ModelNumberField(n) + "|" + value);
                          });
