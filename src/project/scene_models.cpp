@@ -33,13 +33,13 @@ void FirstPass(App& app, MainForm& form, const TileWindow& window)
 {
     ValueMemo<bool> candidate;
     ValueMemo<std::string> stem;
-    ForEachModel(app, app.state.NumberOfStaticModels,
-                 [&](Int32 n, const std::string& section, const std::string& value) {
-                     if (candidate(value, [&] { return IsCandidate(app, value); }) &&
-                         IsInChosenTiles(app, window, section))
-                         form.lstSCNdata1.AddItem(stem(value, [&] { return Stem(app, value); }) +
-                                                  "|" + ModelNumberField(n));
-                 });
+    ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
+        if (candidate(value, [&](const std::string& v) { return IsCandidate(app, v); }) &&
+            IsInChosenTiles(app, window, ModelSection(n)))
+            form.lstSCNdata1.AddItem(
+                stem(value, [&](const std::string& v) { return Stem(app, v); }) + "|" +
+                ModelNumberField(n));
+    });
 }
 
 // Rows of one stem lie side by side in the sorted list, so a look at the next
@@ -107,23 +107,23 @@ TileWindow ReadTileWindowAndLinkScale(App& app)
     return w;
 }
 
-void ForEachModel(
-    App& app, Int32 count,
-    const std::function<void(Int32, const std::string& section, const std::string& value)>& visit)
+std::string ModelSection(Int32 n)
+{
+    return kModelPrefix + IntegerToText(n.value());
+}
+
+void ForEachModel(App& app, Int32 count,
+                  const std::function<void(Int32, std::string_view value)>& visit)
 {
     const std::string& scn = app.state.ScnFile;
     if (count < Int32(1))
         return;
     const bool read = app.profiles.ForEachNumberedValue(
         scn, kModelPrefix, count.value(), "SLT",
-        [&](std::int32_t n, const std::string& section, const std::string& value) {
-            visit(Int32(n), section, value);
-        });
+        [&](std::int32_t n, std::string_view value) { visit(Int32(n), value); });
     if (!read) {
-        for (Int32 n = 1; n <= count; ++n) {
-            const std::string section = kModelPrefix + IntegerToText(n.value());
-            visit(n, section, app.profiles.GetINIString(section, "SLT", scn));
-        }
+        for (Int32 n = 1; n <= count; ++n)
+            visit(n, app.profiles.GetINIString(ModelSection(n), "SLT", scn));
         return;
     }
     // The counted loop steps its counter once past the last value.
@@ -153,14 +153,12 @@ void GetSLTcount(App& app)
             }
             s.NumberOfStaticModels = ToInt32(TextToNumber(value));
             ValueMemo<bool> isSlt;
-            ForEachModel(app, s.NumberOfStaticModels,
-                         [&](Int32, const std::string&, const std::string& value) {
-                             if (isSlt(value, [&] {
-                                     return GetFileExtension(app.platform, UpperCase(value)) ==
-                                            "SLT";
-                                 }))
-                                 ++s.SLTcount;
-                         });
+            ForEachModel(app, s.NumberOfStaticModels, [&](Int32, std::string_view value) {
+                if (isSlt(value, [&](const std::string& v) {
+                        return GetFileExtension(app.platform, UpperCase(v)) == "SLT";
+                    }))
+                    ++s.SLTcount;
+            });
             app.main.lblSLTcount.SetCaption(IntegerToText(s.SLTcount.value()));
         }))
         app.Message(TrapMessageColon("GetSLTcount", *f));

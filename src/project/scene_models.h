@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "orientation/tile_grid.h"
@@ -17,30 +18,41 @@ struct MainForm;
 // sets the other. Division by a zero tile is failure 11 (6 for a zero size).
 TileWindow ReadTileWindowAndLinkScale(App& app);
 
-// Reads the SLT value of Model1..Model<count> and calls visit(n, section, value),
+// Reads the SLT value of Model1..Model<count> and calls visit(n, value),
 // with the outcome of a 32-bit counted loop over every number: numbers whose
 // section the scene lacks are skipped unread (visit must take nothing from a ""
 // value), and a count of 2,147,483,647 ends in failure 6 when the counter steps
 // past it. A scene that cannot be read is read number by number, so its
 // reader's message comes at every read.
-void ForEachModel(
-    App& app, Int32 count,
-    const std::function<void(Int32, const std::string& section, const std::string& value)>& visit);
+void ForEachModel(App& app, Int32 count,
+                  const std::function<void(Int32, std::string_view value)>& visit);
+
+// The section of model n: "Model" and the number.
+std::string ModelSection(Int32 n);
 
 // The answers of a test or a transformation of a model's value, one per distinct value: a
 // scene holds few distinct values, and the tests of a walk depend on the value alone.
 template <class Answer> class ValueMemo {
 public:
-    template <class Work> const Answer& operator()(const std::string& value, Work work)
+    // work(value) gives the answer, from the value as a string.
+    template <class Work> const Answer& operator()(std::string_view value, Work work)
     {
         const auto found = answers_.find(value);
         if (found != answers_.end())
             return found->second;
-        return answers_.emplace(value, work()).first->second;
+        const std::string text(value);
+        return answers_.emplace(text, work(text)).first->second;
     }
 
 private:
-    std::unordered_map<std::string, Answer> answers_;
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view s) const noexcept
+        {
+            return std::hash<std::string_view>{}(s);
+        }
+    };
+    std::unordered_map<std::string, Answer, Hash, std::equal_to<>> answers_;
 };
 
 // Reads the Position of the section and answers whether the load takes the

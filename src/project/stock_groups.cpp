@@ -31,12 +31,11 @@ void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
             list.Clear();
             const TileWindow window = ReadTileWindowAndLinkScale(app);
             ValueMemo<bool> member;
-            ForEachModel(app, app.state.NumberOfStaticModels,
-                         [&](Int32 n, const std::string& section, const std::string& value) {
-                             if (member(value, [&] { return group.isMember(app, value); }) &&
-                                 IsInChosenTiles(app, window, section))
-                                 list.AddItem(ModelNumberField(n) + "|" + value);
-                         });
+            ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
+                if (member(value, [&](const std::string& v) { return group.isMember(app, v); }) &&
+                    IsInChosenTiles(app, window, ModelSection(n)))
+                    list.AddItem(ModelNumberField(n) + "|" + std::string(value));
+            });
         }))
         app.Message(TrapMessageColon(group.routine, *f));
 }

@@ -1,7 +1,6 @@
 #include "support/profile.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "support/case_blind.h"
 #include "support/conversions.h"
@@ -10,15 +9,6 @@
 #include "support/system.h"
 
 namespace tos {
-
-namespace {
-
-constexpr std::int64_t kLargeFile = 65535;
-constexpr std::int64_t kLookLifetimeNs = 100'000'000;
-// The buffer a read gives the reader: 255 characters.
-constexpr std::int32_t kValueSize = 255;
-
-} // namespace
 
 bool IsPositiveInt32Text(std::string_view digits, std::int32_t& value)
 {
@@ -50,6 +40,7 @@ const FileFacts& ProfileFiles::Impl::FreshFacts(const std::string& file)
     look.path = file;
     look.takenNs = CoarseNowNs();
     look.valid = true;
+    ++look.count;
     return look.facts;
 }
 
@@ -154,7 +145,7 @@ std::shared_ptr<const ProfileFiles::Numbered> ProfileFiles::FindNumbered(const s
             const SectionIndex& index = s.SectionCache;
             sections.reserve(index.Size());
             for (std::size_t i = 0; i < index.Size(); ++i)
-                consider(index.Name(s.SectionCacheText, i), index.Behind(i));
+                consider(index.Name(s.SectionCacheText, i), index.Behind(s.SectionCacheText, i));
         }
         readable = true;
     });
@@ -163,54 +154,15 @@ std::shared_ptr<const ProfileFiles::Numbered> ProfileFiles::FindNumbered(const s
     if (!cached) {
         auto byNumber = [](const auto& a, const auto& b) { return a.number < b.number; };
         auto sameNumber = [](const auto& a, const auto& b) { return a.number == b.number; };
-        std::sort(sections.begin(), sections.end(), byNumber);
+        // A scene lists its models in order, most often.
+        if (!std::is_sorted(sections.begin(), sections.end(), byNumber))
+            std::sort(sections.begin(), sections.end(), byNumber);
         sections.erase(std::unique(sections.begin(), sections.end(), sameNumber), sections.end());
         s.numbered.reset();
         s.numbered = std::make_shared<const Numbered>(
             Numbered{file, stamp, prefix, generation, std::move(sections)});
     }
     return s.numbered;
-}
-
-bool ProfileFiles::ForEachNumberedValue(
-    const std::string& file, const std::string& prefix, std::int32_t last, const std::string& key,
-    const std::function<void(std::int32_t, const std::string&, const std::string&)>& visit)
-{
-    static const std::string kNotFound = "NotFound";
-    Impl& s = *impl_;
-    // The walk holds its answer: a visit may ask for another.
-    const auto numbered = FindNumbered(file, prefix);
-    if (numbered == nullptr)
-        return false;
-    const std::uint64_t generation = numbered->generation;
-    std::string section = prefix;
-    std::string value;
-    for (const NumberedSection& at : numbered->sections) {
-        if (at.number > last)
-            break;
-        char digits[16];
-        const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
-        section.resize(prefix.size());
-        section.append(digits, end);
-        // The section's place is known while the cache it came from holds; otherwise the
-        // value is read by name, as any read would.
-        bool known = false;
-        Trap([&] {
-            const FileFacts& facts = s.Facts(file);
-            known = at.behind >= 0 && facts.length >= kLargeFile && file == s.SectionCacheFile &&
-                    facts.stamp == s.SectionCacheStamp && generation == s.sectionCacheGeneration;
-        });
-        if (known) {
-            value.assign(kNotFound);
-            Trap([&] { s.ScanSection(at.behind, key, value, kValueSize); });
-            if (value == kNotFound)
-                value.clear();
-        } else {
-            value = GetINIString(section, key, file);
-        }
-        visit(at.number, section, value);
-    }
-    return true;
 }
 
 } // namespace tos

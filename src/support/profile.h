@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/checked.h"
@@ -46,14 +47,14 @@ public:
     std::optional<std::vector<std::int32_t>> NumberedSections(const std::string& file,
                                                               const std::string& prefix);
 
-    // Calls visit(n, section, value) for each n that NumberedSections finds, ascending, up
-    // to last, where section is prefix + IntegerToText(n) and value what GetINIString of
-    // section and key gives. False, with no call, when the file cannot be read. Faster
-    // than reading by name: a large file's sections are found by their place.
-    bool ForEachNumberedValue(
-        const std::string& file, const std::string& prefix, std::int32_t last,
-        const std::string& key,
-        const std::function<void(std::int32_t, const std::string&, const std::string&)>& visit);
+    // Calls visit(n, value) for each n that NumberedSections finds, ascending, up to last,
+    // where value is what GetINIString(prefix + IntegerToText(n), key, file) gives, valid
+    // during the call. False, with no call, when the file cannot be read. Faster than
+    // reading by name: a large file's sections are found by their place, and the values
+    // of the last walk are given again while the file is unchanged.
+    bool ForEachNumberedValue(const std::string& file, const std::string& prefix, std::int32_t last,
+                              const std::string& key,
+                              const std::function<void(std::int32_t, std::string_view)>& visit);
 
 private:
     struct Impl;

@@ -90,35 +90,39 @@ std::int32_t ProfileFiles::ReadValueFromCache(const std::string& section, const 
             LoadSectionCache(file);
         SetCut(buffer, defaultValue, size);
         const std::int32_t behind = s.SectionCache.Find(s.SectionCacheText, TrimmedView(section));
-        if (behind >= 0)
-            s.ScanSection(behind, key, buffer, size);
+        if (behind < 0)
+            return;
+        if (const auto value = s.ScanSection(behind, key).value)
+            SetCut(buffer, *value, size);
     });
     return static_cast<std::int32_t>(buffer.size());
 }
 
-void ProfileFiles::Impl::ScanSection(std::int32_t behind, std::string_view key, std::string& buffer,
-                                     std::int32_t size)
+ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanSection(std::int32_t behind,
+                                                            std::string_view key)
 {
+    Scanned found;
     SectionCachePos = behind;
     const std::string_view text = SectionCacheText;
     const auto length = static_cast<std::int64_t>(text.size());
     if (SectionCachePos >= length)
-        return;
+        return found;
     const std::string_view wanted = TrimmedView(key);
     for (;;) {
         const std::int32_t before = SectionCachePos;
         const std::string_view line = NextLine(platform, text, SectionCachePos);
         const KeyAndValue kv = SplitAtEquals(platform, line);
+        found.plain = found.plain && !kv.walked;
         if (EqualsIgnoringCase(TrimmedView(kv.key), wanted)) {
-            SetCut(buffer, kv.value(platform, line), size);
-            return;
+            found.value = kv.value(platform, line);
+            return found;
         }
         const std::size_t first = line.find_first_not_of(' ');
         if ((first != std::string_view::npos && line[first] == '[') || SectionCachePos >= length)
-            return;
+            return found;
         // A scan that cannot move on would never end.
         if (SectionCachePos == before)
-            return;
+            return found;
     }
 }
 
@@ -141,7 +145,7 @@ void ProfileFiles::LoadSectionCache(const std::string& file)
             // Only a header that ends in "]" can equal a "[name]" lookup key.
             if (line.size() >= 2 && line.front() == '[' && line.back() == ']')
                 s.SectionCache.Add(text, static_cast<std::uint32_t>(line.data() + 1 - text.data()),
-                                   static_cast<std::uint32_t>(line.size() - 2), s.SectionCachePos);
+                                   static_cast<std::uint32_t>(line.size() - 2));
             if (s.SectionCachePos == before)
                 break;
         } while (s.SectionCachePos < length);

@@ -1,5 +1,6 @@
 #include "support/profile_index.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "support/case_blind.h"
@@ -49,8 +50,7 @@ void SectionIndex::Grow(std::string_view text)
         slots_[SlotOf(text, Name(text, i))] = static_cast<std::uint32_t>(i + 1);
 }
 
-void SectionIndex::Add(std::string_view text, std::uint32_t at, std::uint32_t length,
-                       std::int32_t behind)
+void SectionIndex::Add(std::string_view text, std::uint32_t at, std::uint32_t length)
 {
     if (slots_.empty())
         Reset(0);
@@ -62,7 +62,7 @@ void SectionIndex::Add(std::string_view text, std::uint32_t at, std::uint32_t le
         Grow(text);
         slot = SlotOf(text, name);
     }
-    entries_.push_back({at, length, behind});
+    entries_.push_back({at, length});
     slots_[slot] = static_cast<std::uint32_t>(entries_.size());
 }
 
@@ -71,7 +71,15 @@ std::int32_t SectionIndex::Find(std::string_view text, std::string_view name) co
     if (slots_.empty())
         return -1;
     const std::uint32_t taken = slots_[SlotOf(text, name)];
-    return taken == 0 ? -1 : entries_[taken - 1].behind;
+    return taken == 0 ? -1 : Behind(text, taken - 1);
+}
+
+std::int32_t SectionIndex::Behind(std::string_view text, std::size_t i) const
+{
+    // Only blanks stand between the closing bracket and the line's end.
+    const std::size_t end = text.find("\r\n", entries_[i].at + entries_[i].length);
+    const std::size_t behind = end == std::string_view::npos ? text.size() : end + 3;
+    return static_cast<std::int32_t>(std::min(behind, text.size()));
 }
 
 std::size_t SectionIndex::CountHeaderLines(std::string_view text)

@@ -8,7 +8,7 @@
 namespace tos {
 
 // The section headers of the large-file reader's text, as offsets into that text: for
-// each name its place and the position behind its header line. Only the first section
+// each name its place, and from it the position behind its header line. Only the first section
 // of a name is kept. Names compare without regard to case; a lookup allocates nothing.
 // The text itself is held by the caller and must outlive every call that passes it.
 class SectionIndex {
@@ -16,7 +16,7 @@ public:
     // Empties the index and makes room for about expected names.
     void Reset(std::size_t expected);
     // Records the name text[at, at + length) unless a name equal to it came first.
-    void Add(std::string_view text, std::uint32_t at, std::uint32_t length, std::int32_t behind);
+    void Add(std::string_view text, std::uint32_t at, std::uint32_t length);
     // The position behind the header of that name, or -1.
     std::int32_t Find(std::string_view text, std::string_view name) const;
 
@@ -25,7 +25,9 @@ public:
     {
         return text.substr(entries_[i].at, entries_[i].length);
     }
-    std::int32_t Behind(std::size_t i) const { return entries_[i].behind; }
+    // The 1-based position behind the CR LF that ends the header, or the text's length
+    // when no CR LF follows; the steps of the reader's line walk end there.
+    std::int32_t Behind(std::string_view text, std::size_t i) const;
 
     // An upper bound of the header lines of text: lines whose first non-blank is "[".
     static std::size_t CountHeaderLines(std::string_view text);
@@ -34,7 +36,6 @@ private:
     struct Entry {
         std::uint32_t at;
         std::uint32_t length;
-        std::int32_t behind;
     };
     // The slot where name is, or the empty slot where it would go.
     std::size_t SlotOf(std::string_view text, std::string_view name) const;

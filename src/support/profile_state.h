@@ -13,6 +13,12 @@
 
 namespace tos {
 
+// Files of this length or more go to the large-file reader.
+inline constexpr std::int64_t kLargeFile = 65535;
+inline constexpr std::int64_t kLookLifetimeNs = 100'000'000;
+// The buffer a read gives the reader: 255 characters.
+inline constexpr std::int32_t kValueSize = 255;
+
 // A section that NumberedSections finds: its number and where it is.
 struct ProfileFiles::NumberedSection {
     std::int32_t number;
@@ -41,6 +47,7 @@ struct ProfileFiles::Impl {
         std::int64_t takenNs = 0; // on the coarse monotonic clock
         FileFacts facts;
         bool valid = false;
+        std::uint64_t count = 0; // of the looks taken, so a walk can tell this one again
     };
     Look look;
     // Fails as GetFileFacts does.
@@ -80,15 +87,30 @@ struct ProfileFiles::Impl {
     SectionIndex SectionCache;
     std::int32_t SectionCachePos = 0;
     // The scan of one section of the cache, from the position behind its header, for
-    // the first line whose key is key: its value into buffer, at most size characters.
-    void ScanSection(std::int32_t behind, std::string_view key, std::string& buffer,
-                     std::int32_t size);
+    // the first line whose key is key: its value, whole, as a view into the text.
+    struct Scanned {
+        std::optional<std::string_view> value;
+        bool plain = true; // no line took the element walk, so no message was possible
+    };
+    Scanned ScanSection(std::int32_t behind, std::string_view key);
     bool sectionCacheRead = false;            // whether the last load could read the file
     std::uint64_t sectionCacheGeneration = 0; // counts the loads
 
     // The last answer of NumberedSections: a load asks it once per model walk, and the
     // answer holds while the file's stamp does.
     std::shared_ptr<const Numbered> numbered;
+
+    // The values one key had in the sections of that answer, read by a walk over them and
+    // given again to the next walk while the cache they point into holds: a load walks the
+    // same models several times. Places into the text, so no value is copied.
+    struct WalkValues {
+        std::shared_ptr<const Numbered> numbered;
+        std::string key;
+        std::vector<std::uint32_t> at;
+        std::vector<std::uint16_t> length; // kUnread for a section not read yet
+    };
+    static constexpr std::uint16_t kUnread = 0xFFFF;
+    WalkValues walkValues;
 };
 
 } // namespace tos

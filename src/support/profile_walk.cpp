@@ -1,0 +1,85 @@
+#include <charconv>
+
+#include "support/failure.h"
+#include "support/profile.h"
+#include "support/profile_state.h"
+#include "support/system.h"
+
+namespace tos {
+
+bool ProfileFiles::ForEachNumberedValue(
+    const std::string& file, const std::string& prefix, std::int32_t last, const std::string& key,
+    const std::function<void(std::int32_t, std::string_view)>& visit)
+{
+    static const std::string kNotFound = "NotFound";
+    Impl& s = *impl_;
+    // The walk holds its answer: a visit may ask for another.
+    const auto numbered = FindNumbered(file, prefix);
+    if (numbered == nullptr)
+        return false;
+    Impl::WalkValues& known = s.walkValues;
+    if (known.numbered != numbered || known.key != key) {
+        known = {};
+        known.numbered = numbered;
+        known.key = key;
+        known.at.resize(numbered->sections.size());
+        known.length.assign(numbered->sections.size(), Impl::kUnread);
+    }
+    const std::uint64_t generation = numbered->generation;
+    // Whether the look at the file taken last showed that the cache holds it.
+    std::uint64_t heldLook = 0;
+    bool held = false;
+    std::string byName;
+    for (std::size_t i = 0; i < numbered->sections.size(); ++i) {
+        const NumberedSection& at = numbered->sections[i];
+        if (at.number > last)
+            break;
+        // The section's place is known while the cache it came from holds, as a look at
+        // the file tells; otherwise the value is read by name, as any read would. A look
+        // that is the same one as before needs no second comparison.
+        const bool sameLook = held && s.look.valid && s.look.count == heldLook &&
+                              CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
+                              generation == s.sectionCacheGeneration;
+        if (!sameLook) {
+            held = false;
+            Trap([&] {
+                const FileFacts& facts = s.Facts(file);
+                held = facts.length >= kLargeFile && file == s.SectionCacheFile &&
+                       facts.stamp == s.SectionCacheStamp && generation == s.sectionCacheGeneration;
+                heldLook = s.look.count;
+            });
+        }
+        std::string_view value;
+        if (!held || at.behind < 0) {
+            char digits[16];
+            const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
+            byName = GetINIString(prefix + std::string(digits, end), key, file);
+            value = byName;
+        } else if (known.length[i] != Impl::kUnread) {
+            value = std::string_view(s.SectionCacheText).substr(known.at[i], known.length[i]);
+        } else {
+            std::string_view found;
+            bool plain = false;
+            Trap([&] {
+                const Impl::Scanned scanned = s.ScanSection(at.behind, key);
+                plain = scanned.plain;
+                found = scanned.value.value_or(kNotFound).substr(0, kValueSize);
+            });
+            if (found == kNotFound)
+                found = {};
+            value = found;
+            // A value whose reading could have shown a message is read again next time.
+            if (plain) {
+                known.at[i] =
+                    found.empty()
+                        ? 0
+                        : static_cast<std::uint32_t>(found.data() - s.SectionCacheText.data());
+                known.length[i] = static_cast<std::uint16_t>(found.size());
+            }
+        }
+        visit(at.number, value);
+    }
+    return true;
+}
+
+} // namespace tos
