@@ -44,7 +44,15 @@ const FileFacts& ProfileFiles::Impl::FreshFacts(const std::string& file)
     return look.facts;
 }
 
-ProfileFiles::ProfileFiles(Platform& platform) : impl_(std::make_unique<Impl>(platform)) {}
+ProfileFiles::ProfileFiles(Platform& platform)
+    : impl_(std::make_unique<Impl>(platform, std::make_shared<LargeFile>()))
+{
+}
+
+ProfileFiles::ProfileFiles(Platform& platform, ProfileFiles& shareWith)
+    : impl_(std::make_unique<Impl>(platform, shareWith.impl_->large))
+{
+}
 
 ProfileFiles::~ProfileFiles() = default;
 
@@ -125,8 +133,8 @@ std::shared_ptr<const ProfileFiles::Numbered> ProfileFiles::FindNumbered(const s
     Trap([&] {
         const FileFacts& facts = s.Facts(file);
         stamp = facts.stamp;
-        if (s.numbered && s.numbered->file == file && s.numbered->stamp == stamp &&
-            s.numbered->prefix == prefix) {
+        if (s.large->numbered && s.large->numbered->file == file &&
+            s.large->numbered->stamp == stamp && s.large->numbered->prefix == prefix) {
             cached = readable = true;
             return;
         }
@@ -137,15 +145,15 @@ std::shared_ptr<const ProfileFiles::Numbered> ProfileFiles::FindNumbered(const s
             for (const std::string& name : *names)
                 consider(name, -1);
         } else {
-            if (file != s.SectionCacheFile || facts.stamp != s.SectionCacheStamp)
+            if (file != s.large->file || facts.stamp != s.large->stamp)
                 LoadSectionCache(file);
-            if (!s.sectionCacheRead)
+            if (!s.large->read)
                 return;
-            generation = s.sectionCacheGeneration;
-            const SectionIndex& index = s.SectionCache;
+            generation = s.large->generation;
+            const SectionIndex& index = s.large->index;
             sections.reserve(index.Size());
             for (std::size_t i = 0; i < index.Size(); ++i)
-                consider(index.Name(s.SectionCacheText, i), index.Behind(s.SectionCacheText, i));
+                consider(index.Name(s.large->text, i), index.Behind(s.large->text, i));
         }
         readable = true;
     });
@@ -158,11 +166,11 @@ std::shared_ptr<const ProfileFiles::Numbered> ProfileFiles::FindNumbered(const s
         if (!std::is_sorted(sections.begin(), sections.end(), byNumber))
             std::sort(sections.begin(), sections.end(), byNumber);
         sections.erase(std::unique(sections.begin(), sections.end(), sameNumber), sections.end());
-        s.numbered.reset();
-        s.numbered = std::make_shared<const Numbered>(
+        s.large->numbered.reset();
+        s.large->numbered = std::make_shared<const Numbered>(
             Numbered{file, stamp, prefix, generation, std::move(sections)});
     }
-    return s.numbered;
+    return s.large->numbered;
 }
 
 } // namespace tos

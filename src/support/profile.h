@@ -22,6 +22,9 @@ class Platform;
 class ProfileFiles {
 public:
     explicit ProfileFiles(Platform& platform);
+    // A reader that shows its messages on platform and shares the large-file copy, and
+    // with it the reading and indexing of a large file, with another one.
+    ProfileFiles(Platform& platform, ProfileFiles& shareWith);
     ~ProfileFiles();
     ProfileFiles(const ProfileFiles&) = delete;
     ProfileFiles& operator=(const ProfileFiles&) = delete;
@@ -58,6 +61,7 @@ public:
 
 private:
     struct Impl;
+    struct LargeFile;
     struct NumberedSection;
     struct Numbered;
 

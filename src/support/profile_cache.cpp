@@ -86,10 +86,10 @@ std::int32_t ProfileFiles::ReadValueFromCache(const std::string& section, const 
             return;
         }
         // Paths are compared exactly: names that differ in case are different files here.
-        if (file != s.SectionCacheFile || facts->stamp != s.SectionCacheStamp)
+        if (file != s.large->file || facts->stamp != s.large->stamp)
             LoadSectionCache(file);
         SetCut(buffer, defaultValue, size);
-        const std::int32_t behind = s.SectionCache.Find(s.SectionCacheText, TrimmedView(section));
+        const std::int32_t behind = s.large->index.Find(s.large->text, TrimmedView(section));
         if (behind < 0)
             return;
         if (const auto value = s.ScanSection(behind, key).value)
@@ -102,15 +102,15 @@ ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanSection(std::int32_t behind,
                                                             std::string_view key)
 {
     Scanned found;
-    SectionCachePos = behind;
-    const std::string_view text = SectionCacheText;
+    large->pos = behind;
+    const std::string_view text = large->text;
     const auto length = static_cast<std::int64_t>(text.size());
-    if (SectionCachePos >= length)
+    if (large->pos >= length)
         return found;
     const std::string_view wanted = TrimmedView(key);
     for (;;) {
-        const std::int32_t before = SectionCachePos;
-        const std::string_view line = NextLine(platform, text, SectionCachePos);
+        const std::int32_t before = large->pos;
+        const std::string_view line = NextLine(platform, text, large->pos);
         const KeyAndValue kv = SplitAtEquals(platform, line);
         found.plain = found.plain && !kv.walked;
         if (EqualsIgnoringCase(TrimmedView(kv.key), wanted)) {
@@ -118,10 +118,10 @@ ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanSection(std::int32_t behind,
             return found;
         }
         const std::size_t first = line.find_first_not_of(' ');
-        if ((first != std::string_view::npos && line[first] == '[') || SectionCachePos >= length)
+        if ((first != std::string_view::npos && line[first] == '[') || large->pos >= length)
             return found;
         // A scan that cannot move on would never end.
-        if (SectionCachePos == before)
+        if (large->pos == before)
             return found;
     }
 }
@@ -129,30 +129,29 @@ ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanSection(std::int32_t behind,
 void ProfileFiles::LoadSectionCache(const std::string& file)
 {
     Impl& s = *impl_;
-    s.SectionCache.Reset(0);
+    s.large->index.Reset(0);
     // From here on a step that fails is passed over and the next one runs.
-    s.sectionCacheRead = !Trap([&] { s.SectionCacheText = ReadWholeFile(file); });
-    s.SectionCachePos = 1;
-    const std::string_view text = s.SectionCacheText;
+    s.large->read = !Trap([&] { s.large->text = ReadWholeFile(file); });
+    s.large->pos = 1;
+    const std::string_view text = s.large->text;
     const auto length = static_cast<std::int64_t>(text.size());
     // Positions are 32-bit: a larger text has no reachable sections.
     if (length <= std::numeric_limits<std::int32_t>::max()) {
-        s.SectionCache.Reset(SectionIndex::CountHeaderLines(text));
+        s.large->index.Reset(SectionIndex::CountHeaderLines(text));
         do {
-            const std::int32_t before = s.SectionCachePos;
-            const std::string_view line =
-                TrimmedView(NextLine(s.platform, text, s.SectionCachePos));
+            const std::int32_t before = s.large->pos;
+            const std::string_view line = TrimmedView(NextLine(s.platform, text, s.large->pos));
             // Only a header that ends in "]" can equal a "[name]" lookup key.
             if (line.size() >= 2 && line.front() == '[' && line.back() == ']')
-                s.SectionCache.Add(text, static_cast<std::uint32_t>(line.data() + 1 - text.data()),
+                s.large->index.Add(text, static_cast<std::uint32_t>(line.data() + 1 - text.data()),
                                    static_cast<std::uint32_t>(line.size() - 2));
-            if (s.SectionCachePos == before)
+            if (s.large->pos == before)
                 break;
-        } while (s.SectionCachePos < length);
+        } while (s.large->pos < length);
     }
-    s.SectionCacheFile = file;
-    ++s.sectionCacheGeneration;
-    Trap([&] { s.SectionCacheStamp = s.FreshFacts(file).stamp; });
+    s.large->file = file;
+    ++s.large->generation;
+    Trap([&] { s.large->stamp = s.FreshFacts(file).stamp; });
 }
 
 } // namespace tos

@@ -35,8 +35,38 @@ struct ProfileFiles::Numbered {
     std::vector<NumberedSection> sections; // ascending, distinct numbers
 };
 
+// Large files: the one file held in memory with an index of its section headers, and
+// what walks over it keep.
+struct ProfileFiles::LargeFile {
+    std::string file;
+    std::string stamp;
+    std::string text;
+    // The names between the brackets of the header lines that end in "]" (other headers
+    // can never match a lookup), each with the position behind its header line.
+    SectionIndex index;
+    std::int32_t pos = 0;
+    bool read = false;            // whether the last load could read the file
+    std::uint64_t generation = 0; // counts the loads
+
+    // The last answer of NumberedSections: a load asks it once per model walk, and the
+    // answer holds while the file's stamp does.
+    std::shared_ptr<const Numbered> numbered;
+
+    // The values one key had in the sections of that answer, read by a walk over them and
+    // given again to the next walk while the cache they point into holds: a load walks the
+    // same models several times. Places into the text, so no value is copied.
+    struct WalkValues {
+        std::shared_ptr<const Numbered> numbered;
+        std::string key;
+        std::vector<std::uint32_t> at;
+        std::vector<std::uint16_t> length; // kUnread for a section not read yet
+    };
+    static constexpr std::uint16_t kUnread = 0xFFFF;
+    WalkValues walkValues;
+};
+
 struct ProfileFiles::Impl {
-    explicit Impl(Platform& p) : platform(p) {}
+    Impl(Platform& p, std::shared_ptr<LargeFile> shared) : platform(p), large(std::move(shared)) {}
 
     Platform& platform;
 
@@ -78,14 +108,8 @@ struct ProfileFiles::Impl {
     // nullptr when the file cannot be read.
     const ParsedProfile* ParsedCopy(const std::string& file, const FileFacts& facts);
 
-    // Large files: the one file held in memory with an index of its section headers.
-    std::string SectionCacheFile;
-    std::string SectionCacheStamp;
-    std::string SectionCacheText;
-    // The names between the brackets of the header lines that end in "]" (other headers
-    // can never match a lookup), each with the position behind its header line.
-    SectionIndex SectionCache;
-    std::int32_t SectionCachePos = 0;
+    // The reader of large files, which readers made to share it have in common.
+    std::shared_ptr<LargeFile> large;
     // The scan of one section of the cache, from the position behind its header, for
     // the first line whose key is key: its value, whole, as a view into the text.
     struct Scanned {
@@ -93,24 +117,6 @@ struct ProfileFiles::Impl {
         bool plain = true; // no line took the element walk, so no message was possible
     };
     Scanned ScanSection(std::int32_t behind, std::string_view key);
-    bool sectionCacheRead = false;            // whether the last load could read the file
-    std::uint64_t sectionCacheGeneration = 0; // counts the loads
-
-    // The last answer of NumberedSections: a load asks it once per model walk, and the
-    // answer holds while the file's stamp does.
-    std::shared_ptr<const Numbered> numbered;
-
-    // The values one key had in the sections of that answer, read by a walk over them and
-    // given again to the next walk while the cache they point into holds: a load walks the
-    // same models several times. Places into the text, so no value is copied.
-    struct WalkValues {
-        std::shared_ptr<const Numbered> numbered;
-        std::string key;
-        std::vector<std::uint32_t> at;
-        std::vector<std::uint16_t> length; // kUnread for a section not read yet
-    };
-    static constexpr std::uint16_t kUnread = 0xFFFF;
-    WalkValues walkValues;
 };
 
 } // namespace tos

@@ -17,13 +17,13 @@ bool ProfileFiles::ForEachNumberedValue(
     const auto numbered = FindNumbered(file, prefix);
     if (numbered == nullptr)
         return false;
-    Impl::WalkValues& known = s.walkValues;
+    LargeFile::WalkValues& known = s.large->walkValues;
     if (known.numbered != numbered || known.key != key) {
         known = {};
         known.numbered = numbered;
         known.key = key;
         known.at.resize(numbered->sections.size());
-        known.length.assign(numbered->sections.size(), Impl::kUnread);
+        known.length.assign(numbered->sections.size(), LargeFile::kUnread);
     }
     const std::uint64_t generation = numbered->generation;
     // Whether the look at the file taken last showed that the cache holds it.
@@ -39,13 +39,13 @@ bool ProfileFiles::ForEachNumberedValue(
         // that is the same one as before needs no second comparison.
         const bool sameLook = held && s.look.valid && s.look.count == heldLook &&
                               CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
-                              generation == s.sectionCacheGeneration;
+                              generation == s.large->generation;
         if (!sameLook) {
             held = false;
             Trap([&] {
                 const FileFacts& facts = s.Facts(file);
-                held = facts.length >= kLargeFile && file == s.SectionCacheFile &&
-                       facts.stamp == s.SectionCacheStamp && generation == s.sectionCacheGeneration;
+                held = facts.length >= kLargeFile && file == s.large->file &&
+                       facts.stamp == s.large->stamp && generation == s.large->generation;
                 heldLook = s.look.count;
             });
         }
@@ -55,8 +55,8 @@ bool ProfileFiles::ForEachNumberedValue(
             const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
             byName = GetINIString(prefix + std::string(digits, end), key, file);
             value = byName;
-        } else if (known.length[i] != Impl::kUnread) {
-            value = std::string_view(s.SectionCacheText).substr(known.at[i], known.length[i]);
+        } else if (known.length[i] != LargeFile::kUnread) {
+            value = std::string_view(s.large->text).substr(known.at[i], known.length[i]);
         } else {
             std::string_view found;
             bool plain = false;
@@ -70,10 +70,9 @@ bool ProfileFiles::ForEachNumberedValue(
             value = found;
             // A value whose reading could have shown a message is read again next time.
             if (plain) {
-                known.at[i] =
-                    found.empty()
-                        ? 0
-                        : static_cast<std::uint32_t>(found.data() - s.SectionCacheText.data());
+                known.at[i] = found.empty()
+                                  ? 0
+                                  : static_cast<std::uint32_t>(found.data() - s.large->text.data());
                 known.length[i] = static_cast<std::uint16_t>(found.size());
             }
         }
