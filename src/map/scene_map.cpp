@@ -11,6 +11,7 @@
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"
+#include "support/value_memo.h"
 
 namespace tos {
 
@@ -184,13 +185,15 @@ void SceneMapper::ReadModels(SceneMap& map)
     }
     if (auto f = Trap([&] {
             const auto taken = m.TakenNumbers();
+            ValueMemo<ModelKind> kinds;
             const bool read = m.profiles.ForEachNumberedValue(
                 map.scene, "Model", count, "SLT", [&](std::int32_t n, std::string_view value) {
                     MapModel model;
                     model.number = n;
                     model.value.assign(value);
-                    model.kind = m.KindOf(model.value);
-                    const std::string position = m.Read("Model" + IntegerToText(n), "Position");
+                    model.kind = kinds(value, [&](const std::string& v) { return m.KindOf(v); });
+                    const std::string position = m.profiles.GetVisitedINIString(
+                        "Model" + IntegerToText(n), "Position", m.app.state.ScnFile);
                     model.x = m.Element(position, 0);
                     model.y = m.Element(position, 1);
                     model.z = m.Element(position, 2);

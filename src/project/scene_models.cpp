@@ -9,6 +9,7 @@
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"
+#include "support/value_memo.h"
 
 namespace tos {
 
@@ -35,7 +36,7 @@ void FirstPass(App& app, MainForm& form, const TileWindow& window)
     ValueMemo<std::string> stem;
     ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
         if (candidate(value, [&](const std::string& v) { return IsCandidate(app, v); }) &&
-            IsInChosenTiles(app, window, ModelSection(n)))
+            IsInChosenTiles(app, window, n))
             form.lstSCNdata1.AddItem(
                 stem(value, [&](const std::string& v) { return Stem(app, v); }) + "|" +
                 ModelNumberField(n));
@@ -131,9 +132,10 @@ void ForEachModel(App& app, Int32 count,
         Fail(err::Overflow);
 }
 
-bool IsInChosenTiles(App& app, const TileWindow& window, const std::string& section)
+bool IsInChosenTiles(App& app, const TileWindow& window, Int32 n)
 {
-    const std::string position = app.profiles.GetINIString(section, "Position", app.state.ScnFile);
+    const std::string position =
+        app.profiles.GetVisitedINIString(ModelSection(n), "Position", app.state.ScnFile);
     const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
     const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
     return window.Contains(x, z) == (app.main.chkMainTile.Value() == 1);

@@ -4,6 +4,7 @@
 #include "project/catalogue.h"
 #include "project/scene_models.h"
 #include "support/failure.h"
+#include "support/value_memo.h"
 
 namespace tos {
 
@@ -33,7 +34,7 @@ void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
             ValueMemo<bool> member;
             ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
                 if (member(value, [&](const std::string& v) { return group.isMember(app, v); }) &&
-                    IsInChosenTiles(app, window, ModelSection(n)))
+                    IsInChosenTiles(app, window, n))
                     list.AddItem(ModelNumberField(n) + "|" + std::string(value));
             });
         }))

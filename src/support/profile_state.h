@@ -117,6 +117,19 @@ struct ProfileFiles::Impl {
         bool plain = true; // no line took the element walk, so no message was possible
     };
     Scanned ScanSection(std::int32_t behind, std::string_view key);
+
+    // The section a walk visits, for the reads of its other keys.
+    struct Visited {
+        bool active = false;
+        bool held = false; // whether its place in the cache was known at the visit
+        std::int32_t number = 0;
+        std::int32_t behind = -1;
+        std::uint64_t look = 0;       // the look that showed the cache holding the file
+        std::uint64_t generation = 0; // of the cache
+        const std::string* file = nullptr;
+        const std::string* prefix = nullptr;
+    };
+    Visited visited;
 };
 
 } // namespace tos

@@ -7,6 +7,20 @@
 
 namespace tos {
 
+namespace {
+
+// Whether name is exactly prefix followed by the digits of number.
+bool IsNumberedName(std::string_view name, std::string_view prefix, std::int32_t number)
+{
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    return name.size() == prefix.size() + static_cast<std::size_t>(end - digits) &&
+           name.starts_with(prefix) &&
+           name.substr(prefix.size()) == std::string_view(digits, end - digits);
+}
+
+} // namespace
+
 bool ProfileFiles::ForEachNumberedValue(
     const std::string& file, const std::string& prefix, std::int32_t last, const std::string& key,
     const std::function<void(std::int32_t, std::string_view)>& visit)
@@ -76,9 +90,44 @@ bool ProfileFiles::ForEachNumberedValue(
                 known.length[i] = static_cast<std::uint16_t>(found.size());
             }
         }
-        visit(at.number, value);
+        // A visit may read more keys of the same section, and may walk itself.
+        const Impl::Visited outer = s.visited;
+        s.visited = {
+            true,   held && at.behind >= 0, at.number, at.behind, heldLook, generation, &file,
+            &prefix};
+        try {
+            visit(at.number, value);
+        } catch (...) {
+            s.visited = outer;
+            throw;
+        }
+        s.visited = outer;
     }
     return true;
+}
+
+std::string ProfileFiles::GetVisitedINIString(const std::string& section, const std::string& key,
+                                              const std::string& file)
+{
+    static const std::string kNotFound = "NotFound";
+    Impl& s = *impl_;
+    const Impl::Visited& v = s.visited;
+    // The section's place serves only while the look that showed the cache holding the
+    // file is still the one a read would use; otherwise it is read by name, as any read.
+    const bool held = v.active && v.held && s.look.valid && s.look.count == v.look &&
+                      CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
+                      v.generation == s.large->generation && file == *v.file &&
+                      IsNumberedName(section, *v.prefix, v.number);
+    if (!held)
+        return GetINIString(section, key, file);
+    std::string value(kNotFound);
+    Trap([&] {
+        if (const auto found = s.ScanSection(v.behind, key).value)
+            value.assign(found->substr(0, kValueSize));
+    });
+    if (value == kNotFound)
+        value.clear();
+    return value;
 }
 
 } // namespace tos
