@@ -7,6 +7,7 @@
 #include "forms/app.h"
 #include "project/catalogue.h"
 #include "support/conversions.h"
+#include "support/element_view.h"
 #include "support/elements.h"
 #include "support/failure.h"
 #include "support/value_memo.h"
@@ -51,11 +52,11 @@ void SecondPass(App& app, MainForm& form)
     Int32 copy = 1;
     const Int32 count = Int32(form.lstSCNdata1.ListCount().value());
     for (Int32 i = 0; i <= count - 1; ++i) {
-        const std::string row = form.lstSCNdata1.List(Int16::From(i.value()));
-        form.lstSCNdata2.AddItem(row + "|" + FormatPattern(copy.value(), "000"));
-        const std::string next = form.lstSCNdata1.List(Int16::From((i + 1).value()));
-        if (UpperCase(GetElement(app.platform, row, "|", Int16(0))) ==
-            UpperCase(GetElement(app.platform, next, "|", Int16(0))))
+        const std::string& row = form.lstSCNdata1.List(Int16::From(i.value()));
+        form.lstSCNdata2.AddItem(row + "|" + ThreeDigitField(copy));
+        const std::string& next = form.lstSCNdata1.List(Int16::From((i + 1).value()));
+        if (EqualsIgnoringCase(ElementOrMessage(app.platform, row, "|", 0),
+                               ElementOrMessage(app.platform, next, "|", 0)))
             ++copy;
         else
             copy = 1;
@@ -67,15 +68,20 @@ void ThirdPass(App& app, MainForm& form)
     form.lstSCNdata3.Clear();
     const Int32 count = Int32(form.lstSCNdata2.ListCount().value());
     for (Int32 i = 0; i <= count - 1; ++i) {
-        const std::string row = form.lstSCNdata2.List(Int16::From(i.value()));
-        if (GetElement(app.platform, row, "|", Int16(2)) == "001")
-            form.lstSCNdata3.AddItem(GetElement(app.platform, row, "|", Int16(0)));
+        const std::string& row = form.lstSCNdata2.List(Int16::From(i.value()));
+        if (ElementOrMessage(app.platform, row, "|", 2) == "001")
+            form.lstSCNdata3.AddItem(std::string(ElementOrMessage(app.platform, row, "|", 0)));
     }
 }
 
 } // namespace
 
 std::string ModelNumberField(Int32 n)
+{
+    return ThreeDigitField(n);
+}
+
+std::string ThreeDigitField(Int32 n)
 {
     if (n < Int32(0))
         return FormatPattern(n.value(), "000");
@@ -136,8 +142,8 @@ bool IsInChosenTiles(App& app, const TileWindow& window, Int32 n)
 {
     const std::string position =
         app.profiles.GetVisitedINIString(ModelSection(n), "Position", app.state.ScnFile);
-    const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
-    const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
+    const Num x = TextToNumber(ElementOrMessage(app.platform, position, ",", 0));
+    const Num z = TextToNumber(ElementOrMessage(app.platform, position, ",", 2));
     return window.Contains(x, z) == (app.main.chkMainTile.Value() == 1);
 }
 

@@ -36,6 +36,9 @@ bool IsInChosenTiles(App& app, const TileWindow& window, Int32 n);
 // Model number as it stands in a record row: three digits at least.
 std::string ModelNumberField(Int32 n);
 
+// A number as the pattern "000" writes it: led by zeros to three digits.
+std::string ThreeDigitField(Int32 n);
+
 // Reads NumberOfStaticModels and counts the models whose file is an .SLT.
 void GetSLTcount(App& app);
 
