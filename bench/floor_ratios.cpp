@@ -80,8 +80,7 @@ int main(int argc, char** argv)
     std::printf("%-40s %10s %10s %8s %8s\n", "work", "ms", "floor ms", "ratio", "goal");
     double objectsPeak = 0;
     for (const Work& w : works) {
-        const tos::bench::ProcessRun f = tos::bench::MedianRun(w.floor),
-                                     c = tos::bench::MedianRun(w.command);
+        const auto [f, c] = tos::bench::MedianRuns(w.floor, w.command, 15);
         if (&w == &works[0])
             objectsPeak = c.peakMiB;
         std::printf("%-40s %10.1f %10.1f %7.1fx %7.1fx  %s\n", w.what, c.ms, f.ms, c.ms / f.ms,
@@ -95,8 +94,8 @@ int main(int argc, char** argv)
 
     const std::string many = WriteManySections(folder, 6'600'000);
     const double manyMB = static_cast<double>(std::filesystem::file_size(scn(many))) / 1e6;
-    const tos::bench::ProcessRun floorMany = tos::bench::MedianRun({floor, scn(many)}, 3);
-    const tos::bench::ProcessRun cliMany = tos::bench::MedianRun({cli, "objects", many}, 3);
+    const auto [floorMany, cliMany] =
+        tos::bench::MedianRuns({floor, scn(many)}, {cli, "objects", many}, 3);
     std::printf("tos-cli objects, 6.6 million one-line sections (%.0f MB): %.2f s, peak %.0f MB "
                 "(floor %.2f s, %.1fx; goal <= 3 s, <= 300 MB)  %s\n",
                 manyMB, cliMany.ms / 1000, cliMany.peakMiB * 1.048576, floorMany.ms / 1000,

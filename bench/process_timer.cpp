@@ -39,17 +39,39 @@ ProcessRun RunProcess(const std::vector<std::string>& args)
     return {ms, static_cast<double>(usage.ru_maxrss) / 1024.0};
 }
 
-ProcessRun MedianRun(const std::vector<std::string>& args, int runs)
+namespace {
+
+ProcessRun Median(std::vector<ProcessRun> runs)
 {
     std::vector<double> times, peaks;
-    for (int i = 0; i < runs; ++i) {
-        const ProcessRun r = RunProcess(args);
+    for (const ProcessRun& r : runs) {
         times.push_back(r.ms);
         peaks.push_back(r.peakMiB);
     }
     std::sort(times.begin(), times.end());
     std::sort(peaks.begin(), peaks.end());
     return {times[times.size() / 2], peaks[peaks.size() / 2]};
+}
+
+} // namespace
+
+ProcessRun MedianRun(const std::vector<std::string>& args, int runs)
+{
+    std::vector<ProcessRun> all;
+    for (int i = 0; i < runs; ++i)
+        all.push_back(RunProcess(args));
+    return Median(all);
+}
+
+std::pair<ProcessRun, ProcessRun> MedianRuns(const std::vector<std::string>& first,
+                                             const std::vector<std::string>& second, int runs)
+{
+    std::vector<ProcessRun> a, b;
+    for (int i = 0; i < runs; ++i) {
+        a.push_back(RunProcess(first));
+        b.push_back(RunProcess(second));
+    }
+    return {Median(a), Median(b)};
 }
 
 std::string FloorProgram()

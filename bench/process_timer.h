@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tos::bench {
@@ -15,6 +16,10 @@ ProcessRun RunProcess(const std::vector<std::string>& args);
 
 // Medians of the wall times and of the peaks, each on its own.
 ProcessRun MedianRun(const std::vector<std::string>& args, int runs = 9);
+
+// Medians of two commands run in turn, so that a load on the machine falls on both alike.
+std::pair<ProcessRun, ProcessRun> MedianRuns(const std::vector<std::string>& first,
+                                             const std::vector<std::string>& second, int runs = 9);
 
 // The floor program that run-benchmarks.sh builds, from TOS_FLOOR_PROGRAM; "" when unset.
 std::string FloorProgram();
