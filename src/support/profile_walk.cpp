@@ -63,13 +63,15 @@ bool ProfileFiles::ForEachNumberedValue(
                 heldLook = s.look.count;
             });
         }
+        // A walk inside a visit may have taken the kept values over for its own.
+        const bool keeps = known.numbered == numbered && known.key == key;
         std::string_view value;
         if (!held || at.behind < 0) {
             char digits[16];
             const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
             byName = GetINIString(prefix + std::string(digits, end), key, file);
             value = byName;
-        } else if (known.length[i] != LargeFile::kUnread) {
+        } else if (keeps && known.length[i] != LargeFile::kUnread) {
             value = std::string_view(s.large->text).substr(known.at[i], known.length[i]);
         } else {
             std::string_view found;
@@ -83,7 +85,7 @@ bool ProfileFiles::ForEachNumberedValue(
                 found = {};
             value = found;
             // A value whose reading could have shown a message is read again next time.
-            if (plain) {
+            if (plain && keeps) {
                 known.at[i] = found.empty()
                                   ? 0
                                   : static_cast<std::uint32_t>(found.data() - s.large->text.data());
