@@ -6,10 +6,12 @@
 #include <QListView>
 #include <QTableView>
 #include <algorithm>
+#include <chrono>
 #include <deque>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <vector>
 
 #include "batch/batch_events.h"
 #include "forms/app.h"
@@ -17,6 +19,7 @@
 #include "gui/compiler_window.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
+#include "process_timer.h"
 #include "scene_generator.h"
 #include "shell/startup.h"
 
@@ -102,12 +105,24 @@ void BM_ProcessUntilShown(benchmark::State& state)
     if (Failed(state, platform))
         return;
 
+    std::vector<double> times;
     for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
         app.main.btnProcess.Click.Fire();
         if (!ShownFromTop(list, app.main.List2.RowCount())) {
             state.SkipWithError("the script list does not show the script");
             return;
         }
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+                .count());
+    }
+    // The floor program on the same scene, in the same run; its ratio has a goal of 3.
+    if (const std::string floor = tos::bench::FloorProgram(); !floor.empty()) {
+        std::sort(times.begin(), times.end());
+        const double floorMs = tos::bench::MedianRun({floor, project.Scene()}).ms;
+        state.counters["floor_ms"] = floorMs;
+        state.counters["floor_ratio"] = times[times.size() / 2] / floorMs;
     }
     if (Failed(state, platform))
         return;

@@ -10,6 +10,8 @@ if [ -f "$floor_source" ] && [ -x "$build_dir/bench/floor_ratios" ]; then
   g++ -O2 -std=c++20 -o "$build_dir/bench/floor" "$floor_source"
   echo "== floor_ratios"
   "$build_dir/bench/floor_ratios" "$build_dir/bench/floor" "$build_dir/src/cli/tos-cli"
+  # bench_windows times the floor beside its Process.
+  export TOS_FLOOR_PROGRAM="$build_dir/bench/floor"
 fi
 for program in "$build_dir"/bench/bench_*; do
   [ -x "$program" ] || continue

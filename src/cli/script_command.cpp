@@ -52,8 +52,11 @@ int RunScript(const ScriptOptions& options, CommandContext& context)
     form.comboSelectObject.SetText(options.selection);
     if (form.btnProcess.Enabled())
         form.btnProcess.Click.Fire();
+    // One write of the whole script: a stream insertion per row costs more than the rows.
+    std::string script;
     for (const std::string& row : form.List2.Rows())
-        context.out << row << '\n';
+        script.append(row).push_back('\n');
+    context.out << script;
     if (options.check)
         for (const ScriptFinding& finding : form.scriptFindings)
             context.err << FindingLine(app.state.ScriptFileName, finding) << '\n';

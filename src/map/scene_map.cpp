@@ -12,6 +12,7 @@
 #include "support/conversions.h"
 #include "support/elements.h"
 #include "support/failure.h"
+#include "support/value_memo.h"
 
 namespace tos {
 
@@ -63,11 +64,13 @@ private:
 } // namespace
 
 struct SceneMapper::Impl {
-    explicit Impl(App& a) : app(a), quiet(a.platform), profiles(quiet) {}
+    explicit Impl(App& a) : app(a), quiet(a.platform), profiles(quiet, a.profiles) {}
 
     App& app;
     QuietPlatform quiet;
-    ProfileFiles profiles; // the map's own reader, so that reading makes no box
+    // The map's own reader, so that reading makes no box; it shares the load's copy of a
+    // large scene, which is then read and indexed once.
+    ProfileFiles profiles;
 
     std::string Read(const std::string& section, const char* key)
     {
@@ -184,27 +187,23 @@ void SceneMapper::ReadModels(SceneMap& map)
     }
     if (auto f = Trap([&] {
             const auto taken = m.TakenNumbers();
-            const auto numbers = m.profiles.NumberedSections(scene, "Model");
-            if (!numbers) {
+            ValueMemo<ModelKind> kinds;
+            const bool read = m.profiles.ForEachNumberedValue(
+                scene, "Model", count, "SLT", [&](std::int32_t n, std::string_view value) {
+                    MapModel model;
+                    model.number = n;
+                    model.value.assign(value);
+                    model.kind = kinds(value, [&](const std::string& v) { return m.KindOf(v); });
+                    const std::string position = m.profiles.GetVisitedINIString(
+                        "Model" + IntegerToText(n), "Position", m.app.state.ScnFile);
+                    model.x = m.Element(position, 0);
+                    model.y = m.Element(position, 1);
+                    model.z = m.Element(position, 2);
+                    model.taken = taken.count(n) != 0;
+                    map.models.push_back(std::move(model));
+                });
+            if (!read)
                 m.quiet.Note("The scene file cannot be read: " + map.scene);
-                return;
-            }
-            map.models.reserve(numbers->size());
-            for (const std::int32_t n : *numbers) {
-                if (n > count)
-                    break;
-                const std::string section = "Model" + IntegerToText(n);
-                MapModel model;
-                model.number = n;
-                model.value = m.Read(section, "SLT");
-                model.kind = m.KindOf(model.value);
-                const std::string position = m.Read(section, "Position");
-                model.x = m.Element(position, 0);
-                model.y = m.Element(position, 1);
-                model.z = m.Element(position, 2);
-                model.taken = taken.count(n) != 0;
-                map.models.push_back(std::move(model));
-            }
         }))
         m.Note("The scene's models", *f);
     m.modelNotes = m.quiet.notes;

@@ -1,12 +1,16 @@
 #include "project/scene_models.h"
 
+#include <algorithm>
+#include <charconv>
 #include <limits>
 
-#include "project/catalogue.h"
 #include "forms/app.h"
+#include "project/catalogue.h"
 #include "support/conversions.h"
+#include "support/element_view.h"
 #include "support/elements.h"
 #include "support/failure.h"
+#include "support/value_memo.h"
 
 namespace tos {
 
@@ -29,11 +33,15 @@ std::string Stem(App& app, const std::string& modelValue)
 
 void FirstPass(App& app, MainForm& form, const TileWindow& window)
 {
-    ForEachModel(app, app.state.NumberOfStaticModels,
-                 [&](Int32 n, const std::string& section, const std::string& value) {
-                     if (IsCandidate(app, value) && IsInChosenTiles(app, window, section))
-                         form.lstSCNdata1.AddItem(Stem(app, value) + "|" + ModelNumberField(n));
-                 });
+    ValueMemo<bool> candidate;
+    ValueMemo<std::string> stem;
+    ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
+        if (candidate(value, [&](const std::string& v) { return IsCandidate(app, v); }) &&
+            IsInChosenTiles(app, window, n))
+            form.lstSCNdata1.AddItem(
+                stem(value, [&](const std::string& v) { return Stem(app, v); }) + "|" +
+                ModelNumberField(n));
+    });
 }
 
 // Rows of one stem lie side by side in the sorted list, so a look at the next
@@ -44,11 +52,11 @@ void SecondPass(App& app, MainForm& form)
     Int32 copy = 1;
     const Int32 count = Int32(form.lstSCNdata1.ListCount().value());
     for (Int32 i = 0; i <= count - 1; ++i) {
-        const std::string row = form.lstSCNdata1.List(Int16::From(i.value()));
-        form.lstSCNdata2.AddItem(row + "|" + FormatPattern(copy.value(), "000"));
-        const std::string next = form.lstSCNdata1.List(Int16::From((i + 1).value()));
-        if (UpperCase(GetElement(app.platform, row, "|", Int16(0))) ==
-            UpperCase(GetElement(app.platform, next, "|", Int16(0))))
+        const std::string& row = form.lstSCNdata1.List(Int16::From(i.value()));
+        form.lstSCNdata2.AddItem(row + "|" + ThreeDigitField(copy));
+        const std::string& next = form.lstSCNdata1.List(Int16::From((i + 1).value()));
+        if (EqualsIgnoringCase(ElementOrMessage(app.platform, row, "|", 0),
+                               ElementOrMessage(app.platform, next, "|", 0)))
             ++copy;
         else
             copy = 1;
@@ -60,9 +68,9 @@ void ThirdPass(App& app, MainForm& form)
     form.lstSCNdata3.Clear();
     const Int32 count = Int32(form.lstSCNdata2.ListCount().value());
     for (Int32 i = 0; i <= count - 1; ++i) {
-        const std::string row = form.lstSCNdata2.List(Int16::From(i.value()));
-        if (GetElement(app.platform, row, "|", Int16(2)) == "001")
-            form.lstSCNdata3.AddItem(GetElement(app.platform, row, "|", Int16(0)));
+        const std::string& row = form.lstSCNdata2.List(Int16::From(i.value()));
+        if (ElementOrMessage(app.platform, row, "|", 2) == "001")
+            form.lstSCNdata3.AddItem(std::string(ElementOrMessage(app.platform, row, "|", 0)));
     }
 }
 
@@ -70,7 +78,20 @@ void ThirdPass(App& app, MainForm& form)
 
 std::string ModelNumberField(Int32 n)
 {
-    return FormatPattern(n.value(), "000");
+    return ThreeDigitField(n);
+}
+
+std::string ThreeDigitField(Int32 n)
+{
+    if (n < Int32(0))
+        return FormatPattern(n.value(), "000");
+    // What the pattern gives a whole number: its digits, led by zeros to three.
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, n.value()).ptr;
+    std::string field(static_cast<std::size_t>(std::max<std::ptrdiff_t>(3 - (end - digits), 0)),
+                      '0');
+    field.append(digits, end);
+    return field;
 }
 
 TileWindow ReadTileWindowAndLinkScale(App& app)
@@ -93,38 +114,36 @@ TileWindow ReadTileWindowAndLinkScale(App& app)
     return w;
 }
 
-void ForEachModel(
-    App& app, Int32 count,
-    const std::function<void(Int32, const std::string& section, const std::string& value)>& visit)
+std::string ModelSection(Int32 n)
+{
+    return kModelPrefix + IntegerToText(n.value());
+}
+
+void ForEachModel(App& app, Int32 count,
+                  const std::function<void(Int32, std::string_view value)>& visit)
 {
     const std::string& scn = app.state.ScnFile;
-    auto read = [&](Int32 n) {
-        const std::string section = kModelPrefix + IntegerToText(n.value());
-        visit(n, section, app.profiles.GetINIString(section, "SLT", scn));
-    };
     if (count < Int32(1))
         return;
-    const auto numbers = app.profiles.NumberedSections(scn, kModelPrefix);
-    if (!numbers) {
+    const bool read = app.profiles.ForEachNumberedValue(
+        scn, kModelPrefix, count.value(), "SLT",
+        [&](std::int32_t n, std::string_view value) { visit(Int32(n), value); });
+    if (!read) {
         for (Int32 n = 1; n <= count; ++n)
-            read(n);
+            visit(n, app.profiles.GetINIString(ModelSection(n), "SLT", scn));
         return;
-    }
-    for (const auto n : *numbers) {
-        if (n > count.value())
-            break;
-        read(Int32(n));
     }
     // The counted loop steps its counter once past the last value.
     if (count.value() == std::numeric_limits<std::int32_t>::max())
         Fail(err::Overflow);
 }
 
-bool IsInChosenTiles(App& app, const TileWindow& window, const std::string& section)
+bool IsInChosenTiles(App& app, const TileWindow& window, Int32 n)
 {
-    const std::string position = app.profiles.GetINIString(section, "Position", app.state.ScnFile);
-    const Num x = TextToNumber(GetElement(app.platform, position, ",", Int16(0)));
-    const Num z = TextToNumber(GetElement(app.platform, position, ",", Int16(2)));
+    const std::string position =
+        app.profiles.GetVisitedINIString(ModelSection(n), "Position", app.state.ScnFile);
+    const Num x = TextToNumber(ElementOrMessage(app.platform, position, ",", 0));
+    const Num z = TextToNumber(ElementOrMessage(app.platform, position, ",", 2));
     return window.Contains(x, z) == (app.main.chkMainTile.Value() == 1);
 }
 
@@ -141,11 +160,13 @@ void GetSLTcount(App& app)
                 return;
             }
             s.NumberOfStaticModels = ToInt32(TextToNumber(value));
-            ForEachModel(app, s.NumberOfStaticModels,
-                         [&](Int32, const std::string&, const std::string& value) {
-                             if (GetFileExtension(app.platform, UpperCase(value)) == "SLT")
-                                 ++s.SLTcount;
-                         });
+            ValueMemo<bool> isSlt;
+            ForEachModel(app, s.NumberOfStaticModels, [&](Int32, std::string_view value) {
+                if (isSlt(value, [&](const std::string& v) {
+                        return GetFileExtension(app.platform, UpperCase(v)) == "SLT";
+                    }))
+                    ++s.SLTcount;
+            });
             app.main.lblSLTcount.SetCaption(IntegerToText(s.SLTcount.value()));
         }))
         app.Message(TrapMessageColon("GetSLTcount", *f));

@@ -1,9 +1,10 @@
 #include "project/stock_groups.h"
 
+#include "forms/app.h"
 #include "project/catalogue.h"
 #include "project/scene_models.h"
-#include "forms/app.h"
 #include "support/failure.h"
+#include "support/value_memo.h"
 
 namespace tos {
 
@@ -30,12 +31,12 @@ void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
     if (auto f = Trap([&] {
             list.Clear();
             const TileWindow window = ReadTileWindowAndLinkScale(app);
-            ForEachModel(app, app.state.NumberOfStaticModels,
-                         [&](Int32 n, const std::string& section, const std::string& value) {
-                             if (group.isMember(app, value) &&
-                                 IsInChosenTiles(app, window, section))
-                                 list.AddItem(ModelNumberField(n) + "|" + value);
-                         });
+            ValueMemo<bool> member;
+            ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
+                if (member(value, [&](const std::string& v) { return group.isMember(app, v); }) &&
+                    IsInChosenTiles(app, window, n))
+                    list.AddItem(ModelNumberField(n) + "|" + std::string(value));
+            });
         }))
         app.Message(TrapMessageColon(group.routine, *f));
 }

@@ -2,19 +2,13 @@
 
 #include <algorithm>
 
+#include "support/case_blind.h"
 #include "support/conversions.h"
 #include "support/platform.h"
 #include "support/profile_state.h"
 #include "support/system.h"
 
 namespace tos {
-
-namespace {
-
-constexpr std::int64_t kLargeFile = 65535;
-constexpr std::int64_t kLookLifetimeNs = 100'000'000;
-
-} // namespace
 
 bool IsPositiveInt32Text(std::string_view digits, std::int32_t& value)
 {
@@ -46,10 +40,19 @@ const FileFacts& ProfileFiles::Impl::FreshFacts(const std::string& file)
     look.path = file;
     look.takenNs = CoarseNowNs();
     look.valid = true;
+    ++look.count;
     return look.facts;
 }
 
-ProfileFiles::ProfileFiles(Platform& platform) : impl_(std::make_unique<Impl>(platform)) {}
+ProfileFiles::ProfileFiles(Platform& platform)
+    : impl_(std::make_unique<Impl>(platform, std::make_shared<LargeFile>()))
+{
+}
+
+ProfileFiles::ProfileFiles(Platform& platform, ProfileFiles& shareWith)
+    : impl_(std::make_unique<Impl>(platform, shareWith.impl_->large))
+{
+}
 
 ProfileFiles::~ProfileFiles() = default;
 
@@ -62,9 +65,9 @@ std::string ProfileFiles::GetINIString(const std::string& section, const std::st
         const FileFacts& facts = impl_->Facts(file);
         std::int32_t n = 0;
         if (facts.length < kLargeFile) {
-            n = impl_->ReadSmallFile(section, key, kNotFound, buffer, 255, file, facts);
+            n = impl_->ReadSmallFile(section, key, kNotFound, buffer, kValueSize, file, facts);
         } else {
-            n = ReadValueFromCache(section, key, kNotFound, buffer, 255, file);
+            n = ReadValueFromCache(section, key, kNotFound, buffer, kValueSize, file);
         }
         buffer.resize(std::min(buffer.size(), static_cast<std::size_t>(std::max(n, 0))));
     });
@@ -97,28 +100,41 @@ void ProfileFiles::ForgetLastLook()
 std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const std::string& file,
                                                                         const std::string& prefix)
 {
+    const auto found = FindNumbered(file, prefix);
+    if (found == nullptr)
+        return std::nullopt;
+    std::vector<std::int32_t> numbers;
+    numbers.reserve(found->sections.size());
+    for (const auto& section : found->sections)
+        numbers.push_back(section.number);
+    return numbers;
+}
+
+std::shared_ptr<const ProfileFiles::Numbered> ProfileFiles::FindNumbered(const std::string& file,
+                                                                         const std::string& prefix)
+{
     Impl& s = *impl_;
     // A lookup trims the whole name; the digits end it, so only the prefix's start matters.
     std::string_view head = prefix;
     head.remove_prefix(std::min(head.find_first_not_of(' '), head.size()));
 
-    std::vector<std::int32_t> numbers;
+    std::vector<NumberedSection> sections;
     std::string stamp;
-    bool cached = false;
-    auto consider = [&](std::string_view name) {
+    std::uint64_t generation = 0;
+    auto consider = [&](std::string_view name, std::int32_t behind) {
         std::int32_t n = 0;
         if (name.size() > head.size() && EqualsIgnoringCase(name.substr(0, head.size()), head) &&
             IsPositiveInt32Text(name.substr(head.size()), n))
-            numbers.push_back(n);
+            sections.push_back({n, behind});
     };
 
     bool readable = false;
+    bool cached = false;
     Trap([&] {
         const FileFacts& facts = s.Facts(file);
         stamp = facts.stamp;
-        if (s.numbered && s.numbered->file == file && s.numbered->stamp == stamp &&
-            s.numbered->prefix == prefix) {
-            numbers = s.numbered->numbers;
+        if (s.large->numbered && s.large->numbered->file == file &&
+            s.large->numbered->stamp == stamp && s.large->numbered->prefix == prefix) {
             cached = readable = true;
             return;
         }
@@ -127,25 +143,34 @@ std::optional<std::vector<std::int32_t>> ProfileFiles::NumberedSections(const st
             if (!names)
                 return;
             for (const std::string& name : *names)
-                consider(name);
+                consider(name, -1);
         } else {
-            if (file != s.SectionCacheFile || facts.stamp != s.SectionCacheStamp)
+            if (file != s.large->file || facts.stamp != s.large->stamp)
                 LoadSectionCache(file);
-            if (!s.sectionCacheRead)
+            if (!s.large->read)
                 return;
-            for (const auto& entry : s.SectionCache)
-                consider(entry.first);
+            generation = s.large->generation;
+            const SectionIndex& index = s.large->index;
+            sections.reserve(index.Size());
+            for (std::size_t i = 0; i < index.Size(); ++i)
+                consider(index.Name(s.large->text, i), index.Behind(s.large->text, i));
         }
         readable = true;
     });
     if (!readable)
-        return std::nullopt;
+        return nullptr;
     if (!cached) {
-        std::sort(numbers.begin(), numbers.end());
-        numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-        s.numbered = Impl::Numbered{file, stamp, prefix, numbers};
+        auto byNumber = [](const auto& a, const auto& b) { return a.number < b.number; };
+        auto sameNumber = [](const auto& a, const auto& b) { return a.number == b.number; };
+        // A scene lists its models in order, most often.
+        if (!std::is_sorted(sections.begin(), sections.end(), byNumber))
+            std::sort(sections.begin(), sections.end(), byNumber);
+        sections.erase(std::unique(sections.begin(), sections.end(), sameNumber), sections.end());
+        s.large->numbered.reset();
+        s.large->numbered = std::make_shared<const Numbered>(
+            Numbered{file, stamp, prefix, generation, std::move(sections)});
     }
-    return numbers;
+    return s.large->numbered;
 }
 
 } // namespace tos

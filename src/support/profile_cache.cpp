@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "support/case_blind.h"
 #include "support/conversions.h"
 #include "support/element_view.h"
 #include "support/profile.h"
@@ -17,6 +18,60 @@ void SetCut(std::string& buffer, std::string_view value, std::int32_t size)
     buffer.assign(value.substr(0, static_cast<std::size_t>(std::max(size, 0))));
 }
 
+// The first element of a line split at "=", and the second one on request: the text
+// up to the first "=" and the text between the first and the second. The element walk
+// counts in 16 bits; a line that short cannot overflow it, so it is split directly.
+struct KeyAndValue {
+    std::string_view key;
+    std::size_t equals = std::string_view::npos;
+    bool walked = false;
+
+    std::string_view value(Platform& platform, std::string_view line) const
+    {
+        if (walked)
+            return ElementOrMessage(platform, line, "=", 1);
+        if (equals == std::string_view::npos)
+            return {};
+        const std::size_t from = equals + 1;
+        const std::size_t next = line.find('=', from);
+        return line.substr(from, next == std::string_view::npos ? next : next - from);
+    }
+};
+
+constexpr std::size_t kShortLine = 32000;
+
+// GetNextElement's step at CR LF. Its range checks cannot fail on a text this short,
+// so the step is taken directly; a longer text takes the walk itself.
+std::string_view NextLine(Platform& platform, std::string_view text, std::int32_t& position)
+{
+    constexpr std::size_t kShortText = std::numeric_limits<std::int32_t>::max() - 3;
+    if (text.size() > kShortText || position < 1)
+        return NextElementOrMessage(platform, text, kLineEnd, position);
+    const auto length = static_cast<std::int32_t>(text.size());
+    if (position == length || length == 0)
+        return {};
+    if (position > length) {
+        position = length;
+        return {};
+    }
+    const auto from = static_cast<std::size_t>(position - 1);
+    const std::size_t end = text.find(kLineEnd, from);
+    if (end == std::string_view::npos) {
+        position = length;
+        return text.substr(from);
+    }
+    position = std::min(static_cast<std::int32_t>(end + 3), length);
+    return text.substr(from, end - from);
+}
+
+KeyAndValue SplitAtEquals(Platform& platform, std::string_view line)
+{
+    if (line.size() > kShortLine)
+        return {ElementOrMessage(platform, line, "=", 0), std::string_view::npos, true};
+    const std::size_t equals = line.find('=');
+    return {line.substr(0, equals), equals, false};
+}
+
 } // namespace
 
 std::int32_t ProfileFiles::ReadValueFromCache(const std::string& section, const std::string& key,
@@ -31,66 +86,72 @@ std::int32_t ProfileFiles::ReadValueFromCache(const std::string& section, const 
             return;
         }
         // Paths are compared exactly: names that differ in case are different files here.
-        if (file != s.SectionCacheFile || facts->stamp != s.SectionCacheStamp)
+        if (file != s.large->file || facts->stamp != s.large->stamp)
             LoadSectionCache(file);
         SetCut(buffer, defaultValue, size);
-
-        const auto entry = s.SectionCache.find(TrimmedView(section));
-        if (entry == s.SectionCache.end())
+        const std::int32_t behind = s.large->index.Find(s.large->text, TrimmedView(section));
+        if (behind < 0)
             return;
-        s.SectionCachePos = entry->second;
-        const std::string_view text = s.SectionCacheText;
-        const auto length = static_cast<std::int64_t>(text.size());
-        if (s.SectionCachePos >= length)
-            return;
-        const std::string_view wanted = TrimmedView(key);
-        for (;;) {
-            const std::int32_t before = s.SectionCachePos;
-            const std::string_view line =
-                NextElementOrMessage(s.platform, text, kLineEnd, s.SectionCachePos);
-            const std::string_view name = ElementOrMessage(s.platform, line, "=", 0);
-            if (EqualsIgnoringCase(TrimmedView(name), wanted)) {
-                SetCut(buffer, ElementOrMessage(s.platform, line, "=", 1), size);
-                return;
-            }
-            const std::size_t first = line.find_first_not_of(' ');
-            if ((first != std::string_view::npos && line[first] == '[') ||
-                s.SectionCachePos >= length)
-                return;
-            // A scan that cannot move on would never end.
-            if (s.SectionCachePos == before)
-                return;
-        }
+        if (const auto value = s.ScanSection(behind, key).value)
+            SetCut(buffer, *value, size);
     });
     return static_cast<std::int32_t>(buffer.size());
+}
+
+ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanSection(std::int32_t behind,
+                                                            std::string_view key)
+{
+    Scanned found;
+    large->pos = behind;
+    const std::string_view text = large->text;
+    const auto length = static_cast<std::int64_t>(text.size());
+    if (large->pos >= length)
+        return found;
+    const std::string_view wanted = TrimmedView(key);
+    for (;;) {
+        const std::int32_t before = large->pos;
+        const std::string_view line = NextLine(platform, text, large->pos);
+        const KeyAndValue kv = SplitAtEquals(platform, line);
+        found.plain = found.plain && !kv.walked;
+        if (EqualsIgnoringCase(TrimmedView(kv.key), wanted)) {
+            found.value = kv.value(platform, line);
+            return found;
+        }
+        const std::size_t first = line.find_first_not_of(' ');
+        if ((first != std::string_view::npos && line[first] == '[') || large->pos >= length)
+            return found;
+        // A scan that cannot move on would never end.
+        if (large->pos == before)
+            return found;
+    }
 }
 
 void ProfileFiles::LoadSectionCache(const std::string& file)
 {
     Impl& s = *impl_;
-    s.SectionCache.clear();
+    s.large->index.Reset(0);
     // From here on a step that fails is passed over and the next one runs.
-    s.sectionCacheRead = !Trap([&] { s.SectionCacheText = ReadWholeFile(file); });
-    s.SectionCachePos = 1;
-    const std::string_view text = s.SectionCacheText;
+    s.large->read = !Trap([&] { s.large->text = ReadWholeFile(file); });
+    s.large->pos = 1;
+    const std::string_view text = s.large->text;
     const auto length = static_cast<std::int64_t>(text.size());
     // Positions are 32-bit: a larger text has no reachable sections.
     if (length <= std::numeric_limits<std::int32_t>::max()) {
-        s.SectionCache.reserve(static_cast<std::size_t>(length / 64));
+        s.large->index.Reset(SectionIndex::CountHeaderLines(text));
         do {
-            const std::int32_t before = s.SectionCachePos;
-            const std::string_view line =
-                TrimmedView(NextElementOrMessage(s.platform, text, kLineEnd, s.SectionCachePos));
+            const std::int32_t before = s.large->pos;
+            const std::string_view line = TrimmedView(NextLine(s.platform, text, s.large->pos));
             // Only a header that ends in "]" can equal a "[name]" lookup key.
             if (line.size() >= 2 && line.front() == '[' && line.back() == ']')
-                s.SectionCache.try_emplace(std::string(line.substr(1, line.size() - 2)),
-                                           s.SectionCachePos);
-            if (s.SectionCachePos == before)
+                s.large->index.Add(text, static_cast<std::uint32_t>(line.data() + 1 - text.data()),
+                                   static_cast<std::uint32_t>(line.size() - 2));
+            if (s.large->pos == before)
                 break;
-        } while (s.SectionCachePos < length);
+        } while (s.large->pos < length);
     }
-    s.SectionCacheFile = file;
-    Trap([&] { s.SectionCacheStamp = s.FreshFacts(file).stamp; });
+    s.large->file = file;
+    ++s.large->generation;
+    Trap([&] { s.large->stamp = s.FreshFacts(file).stamp; });
 }
 
 } // namespace tos

@@ -4,18 +4,69 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
-#include "support/case_blind.h"
 #include "support/files.h"
 #include "support/parsed_profile.h"
 #include "support/profile.h"
+#include "support/profile_index.h"
 
 namespace tos {
 
+// Files of this length or more go to the large-file reader.
+inline constexpr std::int64_t kLargeFile = 65535;
+inline constexpr std::int64_t kLookLifetimeNs = 100'000'000;
+// The buffer a read gives the reader: 255 characters.
+inline constexpr std::int32_t kValueSize = 255;
+
+// A section that NumberedSections finds: its number and where it is.
+struct ProfileFiles::NumberedSection {
+    std::int32_t number;
+    // For a large file, the position behind the header in the section cache of
+    // the generation below; -1 for a small file.
+    std::int32_t behind;
+};
+// The answer of NumberedSections for one file, stamp and prefix.
+struct ProfileFiles::Numbered {
+    std::string file;
+    std::string stamp;
+    std::string prefix;
+    std::uint64_t generation;              // of the section cache the places come from
+    std::vector<NumberedSection> sections; // ascending, distinct numbers
+};
+
+// Large files: the one file held in memory with an index of its section headers, and
+// what walks over it keep.
+struct ProfileFiles::LargeFile {
+    std::string file;
+    std::string stamp;
+    std::string text;
+    // The names between the brackets of the header lines that end in "]" (other headers
+    // can never match a lookup), each with the position behind its header line.
+    SectionIndex index;
+    std::int32_t pos = 0;
+    bool read = false;            // whether the last load could read the file
+    std::uint64_t generation = 0; // counts the loads
+
+    // The last answer of NumberedSections: a load asks it once per model walk, and the
+    // answer holds while the file's stamp does.
+    std::shared_ptr<const Numbered> numbered;
+
+    // The values one key had in the sections of that answer, read by a walk over them and
+    // given again to the next walk while the cache they point into holds: a load walks the
+    // same models several times. Places into the text, so no value is copied.
+    struct WalkValues {
+        std::shared_ptr<const Numbered> numbered;
+        std::string key;
+        std::vector<std::uint32_t> at;
+        std::vector<std::uint16_t> length; // kUnread for a section not read yet
+    };
+    static constexpr std::uint16_t kUnread = 0xFFFF;
+    WalkValues walkValues;
+};
+
 struct ProfileFiles::Impl {
-    explicit Impl(Platform& p) : platform(p) {}
+    Impl(Platform& p, std::shared_ptr<LargeFile> shared) : platform(p), large(std::move(shared)) {}
 
     Platform& platform;
 
@@ -26,6 +77,7 @@ struct ProfileFiles::Impl {
         std::int64_t takenNs = 0; // on the coarse monotonic clock
         FileFacts facts;
         bool valid = false;
+        std::uint64_t count = 0; // of the looks taken, so a walk can tell this one again
     };
     Look look;
     // Fails as GetFileFacts does.
@@ -56,25 +108,28 @@ struct ProfileFiles::Impl {
     // nullptr when the file cannot be read.
     const ParsedProfile* ParsedCopy(const std::string& file, const FileFacts& facts);
 
-    // Large files: the one file held in memory with an index of its section headers.
-    std::string SectionCacheFile;
-    std::string SectionCacheStamp;
-    std::string SectionCacheText;
-    // Key: the header line's name between its brackets, for headers that end in "]";
-    // other headers can never match a lookup. Value: the position behind the header line.
-    std::unordered_map<std::string, std::int32_t, CaseBlindHash, CaseBlindEqual> SectionCache;
-    std::int32_t SectionCachePos = 0;
-    bool sectionCacheRead = false; // whether the last load could read the file
-
-    // The last answer of NumberedSections: a load asks it once per model walk, and the
-    // answer holds while the file's stamp does.
-    struct Numbered {
-        std::string file;
-        std::string stamp;
-        std::string prefix;
-        std::vector<std::int32_t> numbers;
+    // The reader of large files, which readers made to share it have in common.
+    std::shared_ptr<LargeFile> large;
+    // The scan of one section of the cache, from the position behind its header, for
+    // the first line whose key is key: its value, whole, as a view into the text.
+    struct Scanned {
+        std::optional<std::string_view> value;
+        bool plain = true; // no line took the element walk, so no message was possible
     };
-    std::optional<Numbered> numbered;
+    Scanned ScanSection(std::int32_t behind, std::string_view key);
+
+    // The section a walk visits, for the reads of its other keys.
+    struct Visited {
+        bool active = false;
+        bool held = false; // whether its place in the cache was known at the visit
+        std::int32_t number = 0;
+        std::int32_t behind = -1;
+        std::uint64_t look = 0;       // the look that showed the cache holding the file
+        std::uint64_t generation = 0; // of the cache
+        const std::string* file = nullptr;
+        const std::string* prefix = nullptr;
+    };
+    Visited visited;
 };
 
 } // namespace tos

@@ -139,6 +139,27 @@ TEST_F(Profile, NumberedSectionsFollowEachRoadsMatching)
     EXPECT_EQ(profiles.NumberedSections(dir.File("gone.scn"), "Model"), std::nullopt);
     // What it finds is what a read finds.
     EXPECT_EQ(profiles.GetINIString("Model7", "A", large), "1");
+
+    // A walk gives what reads by name give: from the copy it shares, read again and
+    // walked again when the file changes.
+    ProfileFiles sharing{platform, profiles};
+    using Values = std::vector<std::string>;
+    const auto walk = [&](ProfileFiles& reader) {
+        Values values;
+        reader.ForEachNumberedValue(large, "Model", 7, "A", [&](std::int32_t n, std::string_view v) {
+            values.push_back(std::to_string(n) + "=" + std::string(v));
+        });
+        return values;
+    };
+    EXPECT_EQ(walk(profiles), (Values{"1=", "7=1"}));
+    EXPECT_EQ(walk(sharing), (Values{"1=", "7=1"}));
+    const auto when = std::filesystem::last_write_time(large) + std::chrono::seconds(1);
+    dir.Write("large.scn", Sized("[Model7]\r\nA=2\r\n[Model3]\r\nA=3\r\n", kLarge));
+    std::filesystem::last_write_time(large, when);
+    sharing.ForgetLastLook();
+    EXPECT_EQ(walk(sharing), (Values{"3=3", "7=2"}));
+    profiles.ForgetLastLook();
+    EXPECT_EQ(walk(profiles), (Values{"3=3", "7=2"}));
 }
 
 } // namespace

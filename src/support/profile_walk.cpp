@@ -1,0 +1,135 @@
+#include <charconv>
+
+#include "support/failure.h"
+#include "support/profile.h"
+#include "support/profile_state.h"
+#include "support/system.h"
+
+namespace tos {
+
+namespace {
+
+// Whether name is exactly prefix followed by the digits of number.
+bool IsNumberedName(std::string_view name, std::string_view prefix, std::int32_t number)
+{
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    return name.size() == prefix.size() + static_cast<std::size_t>(end - digits) &&
+           name.starts_with(prefix) &&
+           name.substr(prefix.size()) == std::string_view(digits, end - digits);
+}
+
+} // namespace
+
+bool ProfileFiles::ForEachNumberedValue(
+    const std::string& file, const std::string& prefix, std::int32_t last, const std::string& key,
+    const std::function<void(std::int32_t, std::string_view)>& visit)
+{
+    static const std::string kNotFound = "NotFound";
+    Impl& s = *impl_;
+    // The walk holds its answer: a visit may ask for another.
+    const auto numbered = FindNumbered(file, prefix);
+    if (numbered == nullptr)
+        return false;
+    LargeFile::WalkValues& known = s.large->walkValues;
+    if (known.numbered != numbered || known.key != key) {
+        known = {};
+        known.numbered = numbered;
+        known.key = key;
+        known.at.resize(numbered->sections.size());
+        known.length.assign(numbered->sections.size(), LargeFile::kUnread);
+    }
+    const std::uint64_t generation = numbered->generation;
+    // Whether the look at the file taken last showed that the cache holds it.
+    std::uint64_t heldLook = 0;
+    bool held = false;
+    std::string byName;
+    for (std::size_t i = 0; i < numbered->sections.size(); ++i) {
+        const NumberedSection& at = numbered->sections[i];
+        if (at.number > last)
+            break;
+        // The section's place is known while the cache it came from holds, as a look at
+        // the file tells; otherwise the value is read by name, as any read would. A look
+        // that is the same one as before needs no second comparison.
+        const bool sameLook = held && s.look.valid && s.look.count == heldLook &&
+                              CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
+                              generation == s.large->generation;
+        if (!sameLook) {
+            held = false;
+            Trap([&] {
+                const FileFacts& facts = s.Facts(file);
+                held = facts.length >= kLargeFile && file == s.large->file &&
+                       facts.stamp == s.large->stamp && generation == s.large->generation;
+                heldLook = s.look.count;
+            });
+        }
+        // A walk inside a visit may have taken the kept values over for its own.
+        const bool keeps = known.numbered == numbered && known.key == key;
+        std::string_view value;
+        if (!held || at.behind < 0) {
+            char digits[16];
+            const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
+            byName = GetINIString(prefix + std::string(digits, end), key, file);
+            value = byName;
+        } else if (keeps && known.length[i] != LargeFile::kUnread) {
+            value = std::string_view(s.large->text).substr(known.at[i], known.length[i]);
+        } else {
+            std::string_view found;
+            bool plain = false;
+            Trap([&] {
+                const Impl::Scanned scanned = s.ScanSection(at.behind, key);
+                plain = scanned.plain;
+                found = scanned.value.value_or(kNotFound).substr(0, kValueSize);
+            });
+            if (found == kNotFound)
+                found = {};
+            value = found;
+            // A value whose reading could have shown a message is read again next time.
+            if (plain && keeps) {
+                known.at[i] = found.empty()
+                                  ? 0
+                                  : static_cast<std::uint32_t>(found.data() - s.large->text.data());
+                known.length[i] = static_cast<std::uint16_t>(found.size());
+            }
+        }
+        // A visit may read more keys of the same section, and may walk itself.
+        const Impl::Visited outer = s.visited;
+        s.visited = {
+            true,   held && at.behind >= 0, at.number, at.behind, heldLook, generation, &file,
+            &prefix};
+        try {
+            visit(at.number, value);
+        } catch (...) {
+            s.visited = outer;
+            throw;
+        }
+        s.visited = outer;
+    }
+    return true;
+}
+
+std::string ProfileFiles::GetVisitedINIString(const std::string& section, const std::string& key,
+                                              const std::string& file)
+{
+    static const std::string kNotFound = "NotFound";
+    Impl& s = *impl_;
+    const Impl::Visited& v = s.visited;
+    // The section's place serves only while the look that showed the cache holding the
+    // file is still the one a read would use; otherwise it is read by name, as any read.
+    const bool held = v.active && v.held && s.look.valid && s.look.count == v.look &&
+                      CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
+                      v.generation == s.large->generation && file == *v.file &&
+                      IsNumberedName(section, *v.prefix, v.number);
+    if (!held)
+        return GetINIString(section, key, file);
+    std::string value(kNotFound);
+    Trap([&] {
+        if (const auto found = s.ScanSection(v.behind, key).value)
+            value.assign(found->substr(0, kValueSize));
+    });
+    if (value == kNotFound)
+        value.clear();
+    return value;
+}
+
+} // namespace tos
