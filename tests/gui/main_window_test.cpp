@@ -18,6 +18,7 @@
 #include "common/scratch.h"
 #include "common/shown_texts.h"
 #include "forms/app.h"
+#include "forms/screen_text.h"
 #include "gui/cp1252.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
@@ -116,14 +117,17 @@ TEST_F(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     ExpectMirrors();
     EXPECT_EQ(Find("lblScriptCheck")->toolTip(), gui::FromCp1252(m.lblScriptCheck.Caption()));
 
-    // The designed faces where installed, else their metric-compatible stand-ins.
+    // Each list shows its control's face as the model chooses it, and the script list
+    // stays fixed-pitch.
     const QStringList installed = QFontDatabase::families();
-    for (const auto& [name, designed, standIn] :
-         {std::tuple("List2", "Courier New", "Liberation Mono"),
-          {"comboSelectObject", "Arial", "Liberation Sans"}}) {
-        const QFont font = Find(name)->font();
-        EXPECT_EQ(font.family(), installed.contains(designed) ? designed : standIn) << name;
-        EXPECT_EQ(font.pointSize(), 9) << name;
+    const Control* lists[] = {&m.List2, &m.comboSelectObject};
+    for (const Control* control : lists) {
+        const QFont font = Find(control->Name().c_str())->font();
+        const std::string face = ChooseFace(control->GetFont().name, [&](const std::string& f) {
+            return installed.contains(QString::fromStdString(f), Qt::CaseInsensitive);
+        });
+        EXPECT_EQ(font.family().toStdString() + " " + std::to_string(font.pointSize()),
+                  face + " " + std::to_string(control->GetFont().points));
     }
     EXPECT_TRUE(QFontInfo(Find("List2")->font()).fixedPitch());
     // The close box does what Exit does.
