@@ -117,4 +117,31 @@ TEST(CheckCommand, TellsEachFindingOfEachFileAndExitsOneWhenAny)
     }
 }
 
+// 12,000 copies of one object, each turned about all three axes: a script far
+// longer than a 16-bit row index reaches, printed and saved whole.
+TEST(ScriptCommand, WritesAForestPast32767RowsWhole)
+{
+    ScratchDir dir;
+    std::string scene = "[Environment]\r\nTerrainWidth=5\r\nTerrainWidthScale=3.0\r\n"
+                        "[StaticModels]\r\nNumberOfStaticModels=12000\r\n";
+    for (int n = 1; n <= 12000; ++n)
+        scene += "[Model" + std::to_string(n) +
+                 "]\r\nSLT=Pine.SLT\r\nPosition=" + std::to_string(1540 + n % 700) + ",1.0," +
+                 std::to_string(1540 + n / 20) +
+                 "\r\nLookVector=0.36,0.48,0.8\r\nUpVector=0.48,0.64,-0.6\r\n";
+    dir.Write("Forest.scn", scene);
+    const std::string prj = dir.Write("Forest.prj", "");
+    const CliResult run =
+        RunCli({"script", prj, "Pine", "--max-file", "C:\\m\\pine.max", "--use-max-name"},
+               dir.Path().string());
+    ASSERT_EQ(run.status, 0) << run.err;
+    const std::string& printed = run.out;
+    std::string saved = ReadBytes(dir.File("Forest_Main_Pine.ms"));
+    std::erase(saved, '\r');
+    EXPECT_EQ(saved, printed);
+    // Head 10 rows, first object 6, 11,999 copies of 6, the first object's turns 5.
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 10 + 6 + 11999 * 6 + 5);
+    EXPECT_NE(printed.find("\ncopy $pine isSelected:on name:\"pine11999\"\n"), std::string::npos);
+}
+
 } // namespace tos::test
