@@ -167,14 +167,19 @@ TEST_F(MainWindowTest, ProjectLoadFillsTheObjectListAndWindowsTextGoesBothWays)
     EXPECT_EQ(Shown("txtMaxObjectName"), QString::fromUtf8("\u201cOak\u201d"));
 }
 
-TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeFromTheTopAndTakesTheRoomTheWindowGains)
+TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeAndObjectListDropsDownWideEnough)
 {
+    // Forty copies of Tree, and thirty objects of one copy each, the last with a long name.
+    const std::string longStem = "Tree_" + std::string(90, 'w');
     std::string models;
-    for (int n = 1; n <= 40; ++n)
-        models += "[Model" + std::to_string(n) +
-                  "]\r\nSLT=Tree.SLT\r\nPosition=" + std::to_string(1600 + n) +
+    for (int n = 1; n <= 70; ++n)
+        models += "[Model" + std::to_string(n) + "]\r\nSLT=" +
+                  (n <= 40   ? "Tree"
+                   : n == 70 ? longStem
+                             : "Stem" + std::to_string(n)) +
+                  ".SLT\r\nPosition=" + std::to_string(1600 + n) +
                   ",0,1700\r\nLookVector=-1,0,0\r\n";
-    Load(models, 40);
+    Load(models, 70);
     // A copy row names the object twice, so it is longer than the last row.
     app.main.txtMaxFile.SetText("C:\\m\\tree.max");
     app.main.txtMaxObjectName.SetText(std::string(150, 'T'));
@@ -208,19 +213,10 @@ TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeFromTheTopAndTakesTheRoomTheW
     window.resize(window.size() + QSize(200, 150));
     EXPECT_EQ(list->size(), listSize + QSize(200, 150));
     EXPECT_EQ(window.height() - Find("Frame1")->geometry().bottom(), creditsGap);
-}
 
-TEST_F(MainWindowTest, ObjectListDropsDownWideEnoughAndRaisesScroll)
-{
-    const std::string longStem = "Tree_" + std::string(90, 'w');
-    std::string models;
-    for (int n = 1; n <= 30; ++n)
-        models += "[Model" + std::to_string(n) +
-                  "]\r\nSLT=" + (n == 30 ? longStem : "Stem" + std::to_string(n)) +
-                  ".SLT\r\nPosition=1700,0,1700\r\n";
-    Load(models, 30);
+    // The object list drops down wide enough for its longest row; its scrolling reaches the model.
     auto* combo = Find<QComboBox>("comboSelectObject");
-    ASSERT_EQ(combo->count(), 30);
+    ASSERT_EQ(combo->count(), 31);
     combo->showPopup();
     Settle();
     QAbstractItemView* popup = combo->view();
