@@ -95,8 +95,10 @@ TEST_F(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     EXPECT_TRUE(window.isVisible() && window.size() == window.minimumSize() &&
                 window.maximumSize().width() > 2000 &&
                 !(window.windowFlags() & Qt::WindowMaximizeButtonHint));
+    // The designed width, 15 twips a pixel.
     EXPECT_EQ(window.windowTitle() + " " + QString::number(window.width()),
-              QString::fromStdString(app.main.caption) + " 593");
+              QString::fromStdString(app.main.caption) + " " +
+                  QString::number(MainForm::kWidthTwips / 15));
     MainForm& m = app.main;
     ExpectMirrors();
     m.txtGridRes.SetText("7.5");
