@@ -136,23 +136,24 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
     struct Case {
         const char* name;
         std::string list; // "" writes no file
-        std::vector<std::string> options;
-        int status;
-        std::string out;     // the lines printed, the project's folder written as @
-        std::string error;   // part of the error stream
-        std::size_t scripts; // .ms files written
+        std::vector<std::string> options = {};
+        int status = 0;
+        std::string out = {};    // the lines printed, the project's folder written as @
+        std::string error = {};  // part of the error stream; none at all when empty
+        std::size_t scripts = 0; // .ms files written
     };
+    const std::string one = "[Batch]\r\nItems=1\r\n" + tree;
+    const std::string treeOut = "Tree: @Valley_Main_Tree.ms, 40 rows\n";
     // clang-format off
     const Case cases[] = {
-        {.name = "missing list", .list = "", .options = {}, .status = 1, .out = "",
-         .error = "The batch list @b.tosbatch cannot be read: File not found (53).", .scripts = 0},
-        {.name = "no count", .list = "[Batch]\r\n" + tree, .options = {}, .status = 1, .out = "",
-         .error = "@b.tosbatch: [Batch] has no whole number Items", .scripts = 0},
+        {.name = "missing list", .list = "", .status = 1,
+         .error = "The batch list @b.tosbatch cannot be read: File not found (53)."},
+        {.name = "no count", .list = "[Batch]\r\n" + tree, .status = 1,
+         .error = "@b.tosbatch: [Batch] has no whole number Items"},
         {.name = "missing key",
          .list = "[Batch]\r\nItems=2\r\n" + tree + "[Item2]\r\nSelect=Rock\r\n",
-         .options = {}, .status = 1,
-         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nRock: not run, no MaxFile or ObjectName\n"
-                "Joined: @Valley_Main_All.ms, 1 script\n",
+         .status = 1, .out = treeOut + "Rock: not run, no MaxFile or ObjectName\n"
+                                       "Joined: @Valley_Main_All.ms, 1 script\n",
          .error = "@b.tosbatch: [Item2] has no MaxFile.", .scripts = 2},
         // An item of another scene is kept and told; one that selects the same row as
         // an earlier one runs too, as single runs would.
@@ -160,33 +161,26 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
          .list = "[Batch]\r\nItems=3\r\n[Item1]\r\nSelect=Orchard\r\nMaxFile=O.max\r\n"
                  "ObjectName=O\r\n[Item2]\r\nSelect=Tree\r\nMaxFile=T.max\r\nObjectName=Pine\r\n"
                  "[Item3]\r\nSelect=tree\r\nMaxFile=T.max\r\nObjectName=Oak\r\n",
-         .options = {}, .status = 0,
-         .out = "Orchard: not in this scene\nTree: @Valley_Main_Tree.ms, 40 rows\n"
+         .out = "Orchard: not in this scene\n" + treeOut +
                 "tree: @Valley_Main_Tree.ms, 40 rows, replacing the script of item 2\n"
-                "Joined: @Valley_Main_All.ms, 2 scripts\n",
-         .error = "", .scripts = 2},
-        {.name = "no save", .list = "[Batch]\r\nItems=1\r\n" + tree, .options = {"--no-save"},
-         .status = 0, .out = "Tree: @Valley_Main_Tree.ms (not saved), 40 rows\nNothing joined.\n",
-         .error = "", .scripts = 0},
-        {.name = "combined elsewhere", .list = "[Batch]\r\nItems=1\r\n" + tree,
-         .options = {"--combined", "@joined.ms"}, .status = 0,
-         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nJoined: @joined.ms, 1 script\n",
-         .error = "", .scripts = 2},
+                "Joined: @Valley_Main_All.ms, 2 scripts\n", .scripts = 2},
+        {.name = "no save", .list = one, .options = {"--no-save"},
+         .out = "Tree: @Valley_Main_Tree.ms (not saved), 40 rows\nNothing joined.\n"},
+        {.name = "combined elsewhere", .list = one, .options = {"--combined", "@joined.ms"},
+         .out = treeOut + "Joined: @joined.ms, 1 script\n", .scripts = 2},
         // The joined file is written whole or not at all, and never over a script of the
         // run, whatever the letter case.
-        {.name = "joined over a script", .list = "[Batch]\r\nItems=1\r\n" + tree,
-         .options = {"--combined", "@valley_main_TREE.ms"}, .status = 1,
-         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nNothing joined.\n",
+        {.name = "joined over", .list = one, .options = {"--combined", "@valley_main_TREE.ms"},
+         .status = 1, .out = treeOut + "Nothing joined.\n",
          .error = "The joined script @valley_main_TREE.ms would replace the script of Tree; "
                   "nothing was joined.", .scripts = 1},
-        {.name = "joined into a missing folder", .list = "[Batch]\r\nItems=1\r\n" + tree,
-         .options = {"--combined", "@none/j.ms"}, .status = 1,
-         .out = "Tree: @Valley_Main_Tree.ms, 40 rows\nNothing joined.\n",
+        {.name = "joined nowhere", .list = one, .options = {"--combined", "@none/j.ms"},
+         .status = 1, .out = treeOut + "Nothing joined.\n",
          .error = "could not be written: Path not found (76)", .scripts = 1},
         {.name = "styles of the list and of an item",
-         .list = "[Batch]\r\nItems=2\r\nStyle=max2008\r\n" + tree +
-                 "[Item2]\r\nSelect=Barn\r\nMaxFile=B.max\r\nObjectName=Red Barn\r\nStyle=classic\r\n",
-         .options = {"--style", "classic"}, .status = 0,
+         .list = "[Batch]\r\nItems=2\r\nStyle=max2008\r\n" + tree + "[Item2]\r\nSelect=Barn\r\n"
+                 "MaxFile=B.max\r\nObjectName=Red Barn\r\nStyle=classic\r\n",
+         .options = {"--style", "classic"},
          .out = "Tree: @Valley_Main_Tree.ms, 61 rows\nBarn: @Valley_Main_Barn.ms, 27 rows\n"
                 "Joined: @Valley_Main_All.ms, 2 scripts\n",
          .error = "@Valley_Main_Barn.ms:13: 3ds Max would stop at line 13: the name Red Barn needs "

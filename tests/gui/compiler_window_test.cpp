@@ -23,14 +23,15 @@ TEST(CompilerWindowTest, ModalDialogThatOpensEmptyGrowsByItsBorderAndHidesOnDone
     ConnectCombinerEvents(app);
     gui::CompilerWindow window(app, nullptr);
 
-    EXPECT_EQ(window.windowTitle(), "Combine Scripts");
+    const CompilerForm& form = app.compiler;
+    EXPECT_EQ(window.windowTitle().toStdString(), form.caption);
     EXPECT_FALSE(window.windowFlags() & Qt::WindowMinMaxButtonsHint);
-    // Opens at its designed size and can be made larger, not smaller.
-    EXPECT_EQ(window.size(), QSize(401, 355));
+    // Opens at its designed size, 15 twips a pixel, and can be made larger, not smaller.
+    EXPECT_EQ(window.size(), QSize(form.widthTwips / 15, form.heightTwips / 15));
     EXPECT_EQ(window.minimumSize(), window.size());
     auto* list = window.findChild<QListView*>("lstMaxScripts");
     EXPECT_EQ(window.findChild<QWidget*>("frameCompiledMaxScript")->property("title").toString(),
-              "Combine MAX Scripts into a Single Script");
+              QString::fromStdString(form.frameCompiledMaxScript.Caption()));
     QStringList tabOrder;
     for (QWidget* w = window.findChild<QWidget*>("btnDone"); tabOrder.size() < 4;
          w = w->nextInFocusChain())

@@ -18,6 +18,7 @@
 #include "common/scratch.h"
 #include "common/shown_texts.h"
 #include "forms/app.h"
+#include "forms/screen_text.h"
 #include "gui/cp1252.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
@@ -94,8 +95,10 @@ TEST_F(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     EXPECT_TRUE(window.isVisible() && window.size() == window.minimumSize() &&
                 window.maximumSize().width() > 2000 &&
                 !(window.windowFlags() & Qt::WindowMaximizeButtonHint));
+    // The designed width, 15 twips a pixel.
     EXPECT_EQ(window.windowTitle() + " " + QString::number(window.width()),
-              QString::fromStdString(app.main.caption) + " 593");
+              QString::fromStdString(app.main.caption) + " " +
+                  QString::number(MainForm::kWidthTwips / 15));
     MainForm& m = app.main;
     ExpectMirrors();
     m.txtGridRes.SetText("7.5");
@@ -116,14 +119,17 @@ TEST_F(MainWindowTest, MirrorsTheModelAndForwardsClicks)
     ExpectMirrors();
     EXPECT_EQ(Find("lblScriptCheck")->toolTip(), gui::FromCp1252(m.lblScriptCheck.Caption()));
 
-    // The designed faces where installed, else their metric-compatible stand-ins.
+    // Each list shows its control's face as the model chooses it, and the script list
+    // stays fixed-pitch.
     const QStringList installed = QFontDatabase::families();
-    for (const auto& [name, designed, standIn] :
-         {std::tuple("List2", "Courier New", "Liberation Mono"),
-          {"comboSelectObject", "Arial", "Liberation Sans"}}) {
-        const QFont font = Find(name)->font();
-        EXPECT_EQ(font.family(), installed.contains(designed) ? designed : standIn) << name;
-        EXPECT_EQ(font.pointSize(), 9) << name;
+    const Control* lists[] = {&m.List2, &m.comboSelectObject};
+    for (const Control* control : lists) {
+        const QFont font = Find(control->Name().c_str())->font();
+        const std::string face = ChooseFace(control->GetFont().name, [&](const std::string& f) {
+            return installed.contains(QString::fromStdString(f), Qt::CaseInsensitive);
+        });
+        EXPECT_EQ(font.family().toStdString() + " " + std::to_string(font.pointSize()),
+                  face + " " + std::to_string(control->GetFont().points));
     }
     EXPECT_TRUE(QFontInfo(Find("List2")->font()).fixedPitch());
     // The close box does what Exit does.
@@ -163,14 +169,19 @@ TEST_F(MainWindowTest, ProjectLoadFillsTheObjectListAndWindowsTextGoesBothWays)
     EXPECT_EQ(Shown("txtMaxObjectName"), QString::fromUtf8("\u201cOak\u201d"));
 }
 
-TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeFromTheTopAndTakesTheRoomTheWindowGains)
+TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeAndObjectListDropsDownWideEnough)
 {
+    // Forty copies of Tree, and thirty objects of one copy each, the last with a long name.
+    const std::string longStem = "Tree_" + std::string(90, 'w');
     std::string models;
-    for (int n = 1; n <= 40; ++n)
-        models += "[Model" + std::to_string(n) +
-                  "]\r\nSLT=Tree.SLT\r\nPosition=" + std::to_string(1600 + n) +
+    for (int n = 1; n <= 70; ++n)
+        models += "[Model" + std::to_string(n) + "]\r\nSLT=" +
+                  (n <= 40   ? "Tree"
+                   : n == 70 ? longStem
+                             : "Stem" + std::to_string(n)) +
+                  ".SLT\r\nPosition=" + std::to_string(1600 + n) +
                   ",0,1700\r\nLookVector=-1,0,0\r\n";
-    Load(models, 40);
+    Load(models, 70);
     // A copy row names the object twice, so it is longer than the last row.
     app.main.txtMaxFile.SetText("C:\\m\\tree.max");
     app.main.txtMaxObjectName.SetText(std::string(150, 'T'));
@@ -204,19 +215,10 @@ TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeFromTheTopAndTakesTheRoomTheW
     window.resize(window.size() + QSize(200, 150));
     EXPECT_EQ(list->size(), listSize + QSize(200, 150));
     EXPECT_EQ(window.height() - Find("Frame1")->geometry().bottom(), creditsGap);
-}
 
-TEST_F(MainWindowTest, ObjectListDropsDownWideEnoughAndRaisesScroll)
-{
-    const std::string longStem = "Tree_" + std::string(90, 'w');
-    std::string models;
-    for (int n = 1; n <= 30; ++n)
-        models += "[Model" + std::to_string(n) +
-                  "]\r\nSLT=" + (n == 30 ? longStem : "Stem" + std::to_string(n)) +
-                  ".SLT\r\nPosition=1700,0,1700\r\n";
-    Load(models, 30);
+    // The object list drops down wide enough for its longest row; its scrolling reaches the model.
     auto* combo = Find<QComboBox>("comboSelectObject");
-    ASSERT_EQ(combo->count(), 30);
+    ASSERT_EQ(combo->count(), 31);
     combo->showPopup();
     Settle();
     QAbstractItemView* popup = combo->view();

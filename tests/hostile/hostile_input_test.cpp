@@ -58,19 +58,6 @@ void WriteHugeScene(const std::string& path, int megabytes)
     out << kModel1;
 }
 
-std::string Repeat(const std::string& text, int times)
-{
-    std::string all;
-    for (int i = 0; i < times; ++i)
-        all += text;
-    return all;
-}
-
-Rows Times(const std::string& message, int times)
-{
-    return Rows(std::size_t(times), message);
-}
-
 // Loads the case's scene, then processes its first object row, if it has one.
 void LoadAndProcess(const HostileCase& c, LoadFixture& fx)
 {
@@ -129,7 +116,9 @@ TEST(HostileInput, EachEndsInItsMessages)
                                  trap("Process55GalDrums_TrashCans", "Overflow ( 6)")};
     const std::string longKey = "K" + std::string(10 << 20, 'x') + "=1\r\n";
     // Larger than the system's reader takes, so this program's own reader answers.
-    const std::string filler = Repeat("; filler\r\n", 7000);
+    std::string filler;
+    for (int line = 0; line < 7000; ++line)
+        filler += "; filler\r\n";
     // clang-format off
     std::vector<HostileCase> cases = {
         {"100 MB scene", [](LoadFixture& fx) { WriteHugeScene(fx.dir.File("Scene.scn"), 100); },
@@ -137,9 +126,9 @@ TEST(HostileInput, EachEndsInItsMessages)
         {"10 MB line",
          WriteScene(Counted("1") + "[Model1]\r\n" + longKey + kModel1.substr(10)),
          // Each read in Model1 walks past the line: SLT six times, Position once.
-         Times(kRange, 7), {"Barn"}, {},
+         Rows(7, kRange), {"Barn"}, {},
          // Position, then LookVector and UpVector of the first object's turn.
-         Times(kRange, 3), "80,0,4", true},
+         Rows(3, kRange), "80,0,4", true},
         // Nothing may be written under the name cut short at the NUL either.
         {"NUL in keys and values, large scene", WriteScene(filler + NulScene()), {},
          {kNulObject}, {}, kBadFileName, "80,0,4", false},

@@ -156,51 +156,30 @@ TEST(SceneMap, PathsBecomeTextOfTheCodePage)
 TEST(SceneMap, TileWindowAndOriginFollowTheGrid)
 {
     struct Row {
-        const char* width;
-        const char* scale;
-        bool perimeter;
-        double start, end, centre, terrain;
+        const char* tiles;
+        const char* res;            // grid resolution
+        bool per;                   // the perimeter tiles
+        double from, to, mid, side; // the main tile's window, its centre, the terrain's side
     };
+    // clang-format off
     const Row rows[] = {
-        {.width = "5",
-         .scale = "3.0",
-         .perimeter = false,
-         .start = 1536,
-         .end = 2304,
-         .centre = 1920,
-         .terrain = 3840},
-        {.width = "6",
-         .scale = "1",
-         .perimeter = false,
-         .start = 512,
-         .end = 1024,
-         .centre = 768,
-         .terrain = 1536},
-        {.width = "6",
-         .scale = "1",
-         .perimeter = true,
-         .start = 512,
-         .end = 1024,
-         .centre = 128,
-         .terrain = 1536},
-        {.width = "1",
-         .scale = "2",
-         .perimeter = false,
-         .start = 0,
-         .end = 512,
-         .centre = 256,
-         .terrain = 512},
+        {.tiles = "5", .res = "3.0", .per = 0, .from = 1536, .to = 2304, .mid = 1920, .side = 3840},
+        {.tiles = "6", .res = "1",   .per = 0, .from = 512,  .to = 1024, .mid = 768,  .side = 1536},
+        {.tiles = "6", .res = "1",   .per = 1, .from = 512,  .to = 1024, .mid = 128,  .side = 1536},
+        {.tiles = "1", .res = "2",   .per = 0, .from = 0,    .to = 512,  .mid = 256,  .side = 512},
     };
+    // clang-format on
     for (const Row& r : rows) {
-        SCOPED_TRACE(std::string(r.width) + " tiles at " + r.scale);
-        Loaded f(r.perimeter,
-                 SceneText({{.value = "A.SLT", .position = "1,2,3"}}, "auto", r.width, r.scale));
+        SCOPED_TRACE(std::string(r.tiles) + " tiles at " + r.res);
+        const std::string scene =
+            SceneText({{.value = "A.SLT", .position = "1,2,3"}}, "auto", r.tiles, r.res);
+        Loaded f(r.per, scene);
         const SceneMap map = f.Map("A");
-        EXPECT_EQ(map.windowStart, r.start);
-        EXPECT_EQ(map.windowEnd, r.end);
-        EXPECT_EQ(map.centre, r.centre);
-        EXPECT_EQ(map.terrainSide, r.terrain);
-        EXPECT_EQ(map.mainTile, !r.perimeter);
+        EXPECT_EQ(map.windowStart, r.from);
+        EXPECT_EQ(map.windowEnd, r.to);
+        EXPECT_EQ(map.centre, r.mid);
+        EXPECT_EQ(map.terrainSide, r.side);
+        EXPECT_EQ(map.mainTile, !r.per);
     }
 }
 
@@ -238,38 +217,21 @@ TEST(SceneMap, ButtonWithoutAWindowOpensThePictureFile)
 {
     struct Row {
         const char* what;
-        bool load;
-        bool readOnly;
-        bool handler;
+        bool load, readOnly, handler;
         bool asked;          // the desktop was asked to open the file
         const char* message; // start of the one box, "" for none
     };
+    // clang-format off
     const Row rows[] = {
-        {.what = "opened",
-         .load = true,
-         .readOnly = false,
-         .handler = true,
-         .asked = true,
-         .message = ""},
-        {.what = "no project",
-         .load = false,
-         .readOnly = false,
-         .handler = true,
-         .asked = false,
+        {.what = "opened", .load = 1, .readOnly = 0, .handler = 1, .asked = 1, .message = ""},
+        {.what = "no project", .load = 0, .readOnly = 0, .handler = 1, .asked = 0,
          .message = "Scene Map needs a loaded project."},
-        {.what = "read-only",
-         .load = true,
-         .readOnly = true,
-         .handler = true,
-         .asked = false,
+        {.what = "read-only", .load = 1, .readOnly = 1, .handler = 1, .asked = 0,
          .message = "The scene map could not be written to "},
-        {.what = "no handler",
-         .load = true,
-         .readOnly = false,
-         .handler = false,
-         .asked = true,
+        {.what = "no handler", .load = 1, .readOnly = 0, .handler = 0, .asked = 1,
          .message = "The scene map was written to "},
     };
+    // clang-format on
     for (const Row& r : rows) {
         LoadFixture f;
         App& app = *f.app;

@@ -32,11 +32,11 @@ TEST(CompilerWindowTest, ModalDialogInTabOrderThatAddsFilesAndClosesAsDone)
     Windows w;
     HWND dialog = w.compiler.Handle();
     const LONG style = GetWindowLongA(dialog, GWL_STYLE);
-    EXPECT_EQ(Text(dialog), "Combine Scripts");
+    EXPECT_EQ(Text(dialog), w.app.compiler.caption);
     EXPECT_FALSE(style & (WS_MINIMIZEBOX | WS_MAXIMIZEBOX));
     EXPECT_EQ(GetWindow(dialog, GW_OWNER), w.main.Handle());
     EXPECT_EQ(Text(w.Compiler("frameCompiledMaxScript")),
-              "Combine MAX Scripts into a Single Script");
+              w.app.compiler.frameCompiledMaxScript.Caption());
     std::vector<std::string> tabOrder;
     for (HWND at = w.Compiler("btnDone"); tabOrder.size() < 4;
          at = GetNextDlgTabItem(dialog, at, FALSE))
