@@ -20,8 +20,9 @@ std::size_t CountModelElements(const std::string& svg)
         xml.readNext();
         if (!xml.isStartElement())
             continue;
-        if (xml.name() == QString("svg"))
+        if (xml.name() == QString("svg")) {
             EXPECT_EQ(xml.attributes().value("version").toString(), "1.1");
+        }
         count += xml.attributes().hasAttribute("data-model") ? 1 : 0;
     }
     EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString() << " at line "
