@@ -145,6 +145,32 @@ template <class Rep> CheckedInt<Rep> RoundedTo(double value)
     return CheckedInt<Rep>(static_cast<Rep>(r));
 }
 
+// The common form, one sign, digits and at most one point with nothing else around them,
+// read straight from the text with no copy. False for any other form.
+bool PlainDecimal(std::string_view text, double& value)
+{
+    const char* first = text.data();
+    const char* const end = first + text.size();
+    const char* at = first;
+    if (at != end && (*at == '+' || *at == '-'))
+        ++at;
+    if (at != first && *first == '+')
+        first = at; // from_chars takes no plus sign
+    bool digit = false, point = false;
+    for (; at != end; ++at) {
+        if (*at >= '0' && *at <= '9')
+            digit = true;
+        else if (*at == '.' && !point)
+            point = true;
+        else
+            return false;
+    }
+    if (!digit)
+        return false;
+    const auto [stop, ec] = std::from_chars(first, end, value);
+    return ec == std::errc() && stop == end;
+}
+
 } // namespace
 
 namespace detail {
@@ -153,6 +179,9 @@ constinit const std::array<unsigned char, 256> kUpperBytes = MakeUpperTable();
 
 double TextToNumber(std::string_view text)
 {
+    if (double value; PlainDecimal(text, value))
+        return value;
+
     NumberCursor cur(text);
     if (cur.Peek() == '&') {
         cur.Take();
