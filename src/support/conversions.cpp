@@ -117,6 +117,21 @@ constexpr std::array<unsigned char, 256> MakeUpperTable()
     return t;
 }
 
+// Digits and exponent of to_chars' scientific form "d.ddde+XX"; none past `limit`.
+LeadingDigits ParseScientific(const char* first, const char* last, int limit)
+{
+    LeadingDigits out{};
+    int n = 0;
+    const char* at = first;
+    for (; at != last && *at != 'e'; ++at)
+        if (*at != '.' && n < limit)
+            out.digits[n++] = *at;
+    std::fill(out.digits + n, out.digits + 17, '0');
+    if (at != last)
+        std::from_chars(at + 1 + (at[1] == '+' ? 1 : 0), last, out.exponent);
+    return out;
+}
+
 // The 15 significant digits of |value| and the decimal exponent of the first one.
 struct Digits15 {
     char digits[15];
@@ -125,14 +140,10 @@ struct Digits15 {
 
 Digits15 SignificantDigits(double magnitude)
 {
-    char buf[40];
-    auto res = std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific, 14);
-    // Form: d.dddddddddddddde[+-]XX
+    const LeadingDigits d = RoundedDigits(magnitude, 15);
     Digits15 out{};
-    out.digits[0] = buf[0];
-    for (int i = 1; i < 15; ++i)
-        out.digits[i] = buf[i + 1];
-    std::from_chars(buf + 17 + (buf[17] == '+' ? 1 : 0), res.ptr, out.exponent);
+    std::copy_n(d.digits, 15, out.digits);
+    out.exponent = d.exponent;
     return out;
 }
 
@@ -175,6 +186,45 @@ bool PlainDecimal(std::string_view text, double& value)
 
 namespace detail {
 constinit const std::array<unsigned char, 256> kUpperBytes = MakeUpperTable();
+}
+
+LeadingDigits RoundedDigits(double value, int count)
+{
+    const double magnitude = std::fabs(value);
+    char buf[40];
+    // The shortest digits that read back as the value lie within half a unit in the last
+    // place of it, that is within 11.1 units of the 17th digit. Unless the part behind the
+    // digits kept lies that close to a half, rounding them gives what rounding the value
+    // itself gives, at a fraction of the cost of printing it at a fixed precision.
+    if (magnitude >= std::numeric_limits<double>::min()) {
+        const auto shortest =
+            std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific);
+        LeadingDigits d = ParseScientific(buf, shortest.ptr, 17);
+        std::uint64_t rest = 0, half = 5;
+        for (int i = count; i < 17; ++i)
+            rest = rest * 10 + static_cast<unsigned>(d.digits[i] - '0');
+        for (int i = count + 1; i < 17; ++i)
+            half *= 10;
+        const std::uint64_t gap = rest > half ? rest - half : half - rest;
+        if (gap > 16) {
+            std::fill(d.digits + count, d.digits + 17, '0');
+            if (rest > half) {
+                int i = count - 1;
+                for (; i >= 0 && d.digits[i] == '9'; --i)
+                    d.digits[i] = '0';
+                if (i < 0) {
+                    d.digits[0] = '1';
+                    ++d.exponent;
+                } else {
+                    ++d.digits[i];
+                }
+            }
+            return d;
+        }
+    }
+    const auto fixed =
+        std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific, count - 1);
+    return ParseScientific(buf, fixed.ptr, count);
 }
 
 double TextToNumber(std::string_view text)
@@ -258,27 +308,23 @@ double FloorNumber(double value)
     return std::floor(value);
 }
 
-std::string NumberToText(double value)
-{
-    if (value == 0.0 || !std::isfinite(value))
-        return "0";
-    const Digits15 d = SignificantDigits(std::fabs(value));
-    int count = 15;
-    while (count > 1 && d.digits[count - 1] == '0')
-        --count;
-    const int e = d.exponent;
+namespace {
 
+// Digits as plain text or in the exponent form ("1.5E-20"), sign in front.
+std::string DigitsText(bool negative, const char* digits, int count, int e, bool exponentForm,
+                       char mark)
+{
     std::string out;
-    if (value < 0)
+    if (negative)
         out += '-';
-    const bool exponentForm = e >= 15 || (e < 0 && (-e - 1) + count > 15);
     if (exponentForm) {
-        out += d.digits[0];
+        out += digits[0];
         if (count > 1) {
             out += '.';
-            out.append(d.digits + 1, count - 1);
+            out.append(digits + 1, count - 1);
         }
-        out += e < 0 ? "E-" : "E+";
+        out += mark;
+        out += e < 0 ? '-' : '+';
         const int a = e < 0 ? -e : e;
         if (a < 10)
             out += '0';
@@ -286,19 +332,54 @@ std::string NumberToText(double value)
     } else if (e < 0) {
         out += "0.";
         out.append(static_cast<std::size_t>(-e - 1), '0');
-        out.append(d.digits, count);
+        out.append(digits, count);
     } else {
         const int whole = e + 1;
         if (count <= whole) {
-            out.append(d.digits, count);
+            out.append(digits, count);
             out.append(static_cast<std::size_t>(whole - count), '0');
         } else {
-            out.append(d.digits, whole);
+            out.append(digits, whole);
             out += '.';
-            out.append(d.digits + whole, count - whole);
+            out.append(digits + whole, count - whole);
         }
     }
     return out;
+}
+
+// How many of the digits are left without trailing zeros.
+int SignificantCount(const char* digits, int count)
+{
+    while (count > 1 && digits[count - 1] == '0')
+        --count;
+    return count;
+}
+
+} // namespace
+
+std::string NumberToText(double value)
+{
+    if (value == 0.0 || !std::isfinite(value))
+        return "0";
+    const Digits15 d = SignificantDigits(std::fabs(value));
+    const int count = SignificantCount(d.digits, 15);
+    const int e = d.exponent;
+    const bool exponentForm = e >= 15 || (e < 0 && (-e - 1) + count > 15);
+    return DigitsText(value < 0, d.digits, count, e, exponentForm, 'E');
+}
+
+std::string GeneralText(double value, int precision)
+{
+    if (value == 0.0 || !std::isfinite(value)) {
+        char buf[32];
+        const auto r =
+            std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, precision);
+        return std::string(buf, r.ptr);
+    }
+    const LeadingDigits d = RoundedDigits(value, precision);
+    const int e = d.exponent;
+    return DigitsText(value < 0, d.digits, SignificantCount(d.digits, precision), e,
+                      e < -4 || e >= precision, 'e');
 }
 
 std::string IntegerToText(long long value)
