@@ -132,6 +132,58 @@ LeadingDigits ParseScientific(const char* first, const char* last, int limit)
     return out;
 }
 
+// The digits of an ordinary value, from its exact binary form in 128-bit integers:
+// value * 10^k rounded to a whole number, half to even as a fixed-digit print does.
+// False where the product would not fit; such values take the print instead.
+bool ExactDigits(double magnitude, int count, LeadingDigits& out)
+{
+    if (!(magnitude >= std::numeric_limits<double>::min() && magnitude < 1e15) || count > 17)
+        return false;
+    int binaryExponent = 0;
+    const double fraction = std::frexp(magnitude, &binaryExponent);
+    const auto mantissa = static_cast<std::uint64_t>(std::ldexp(fraction, 53));
+    const int shift = 53 - binaryExponent; // value = mantissa / 2^shift
+    if (shift <= 0 || shift > 120)
+        return false;
+    // A first guess of the power of ten of the first digit, put right below.
+    int e = static_cast<int>(std::floor((binaryExponent - 1) * 0.30102999566398120));
+    std::uint64_t low = 1;
+    for (int i = 1; i < count; ++i)
+        low *= 10;
+    const std::uint64_t high = low * 10;
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        const int k = count - 1 - e;
+        if (k < 0 || k > 22)
+            return false;
+        unsigned __int128 scaled = mantissa;
+        for (int i = 0; i < k; ++i)
+            scaled *= 10;
+        auto whole = static_cast<std::uint64_t>(scaled >> shift);
+        const unsigned __int128 rest = scaled - (static_cast<unsigned __int128>(whole) << shift);
+        const unsigned __int128 half = static_cast<unsigned __int128>(1) << (shift - 1);
+        if (whole >= high) {
+            ++e;
+            continue;
+        }
+        if (whole < low) {
+            --e;
+            continue;
+        }
+        if (rest > half || (rest == half && (whole & 1) != 0))
+            ++whole;
+        if (whole == high) {
+            whole = low;
+            ++e;
+        }
+        for (int i = count - 1; i >= 0; --i, whole /= 10)
+            out.digits[i] = static_cast<char>('0' + whole % 10);
+        std::fill(out.digits + count, out.digits + 17, '0');
+        out.exponent = e;
+        return true;
+    }
+    return false;
+}
+
 // The 15 significant digits of |value| and the decimal exponent of the first one.
 struct Digits15 {
     char digits[15];
@@ -191,40 +243,13 @@ constinit const std::array<unsigned char, 256> kUpperBytes = MakeUpperTable();
 LeadingDigits RoundedDigits(double value, int count)
 {
     const double magnitude = std::fabs(value);
+    LeadingDigits d{};
+    if (ExactDigits(magnitude, count, d))
+        return d;
     char buf[40];
-    // The shortest digits that read back as the value lie within half a unit in the last
-    // place of it, that is within 11.1 units of the 17th digit. Unless the part behind the
-    // digits kept lies that close to a half, rounding them gives what rounding the value
-    // itself gives, at a fraction of the cost of printing it at a fixed precision.
-    if (magnitude >= std::numeric_limits<double>::min()) {
-        const auto shortest =
-            std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific);
-        LeadingDigits d = ParseScientific(buf, shortest.ptr, 17);
-        std::uint64_t rest = 0, half = 5;
-        for (int i = count; i < 17; ++i)
-            rest = rest * 10 + static_cast<unsigned>(d.digits[i] - '0');
-        for (int i = count + 1; i < 17; ++i)
-            half *= 10;
-        const std::uint64_t gap = rest > half ? rest - half : half - rest;
-        if (gap > 16) {
-            std::fill(d.digits + count, d.digits + 17, '0');
-            if (rest > half) {
-                int i = count - 1;
-                for (; i >= 0 && d.digits[i] == '9'; --i)
-                    d.digits[i] = '0';
-                if (i < 0) {
-                    d.digits[0] = '1';
-                    ++d.exponent;
-                } else {
-                    ++d.digits[i];
-                }
-            }
-            return d;
-        }
-    }
-    const auto fixed =
+    const auto r =
         std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific, count - 1);
-    return ParseScientific(buf, fixed.ptr, count);
+    return ParseScientific(buf, r.ptr, count);
 }
 
 double TextToNumber(std::string_view text)
