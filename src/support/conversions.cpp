@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -135,40 +136,39 @@ LeadingDigits ParseScientific(const char* first, const char* last, int limit)
 // The digits of an ordinary value, from its exact binary form in 128-bit integers:
 // value * 10^k rounded to a whole number, half to even as a fixed-digit print does.
 // False where the product would not fit; such values take the print instead.
+constexpr std::array<unsigned __int128, 23> MakePowersOfTen()
+{
+    std::array<unsigned __int128, 23> t{};
+    t[0] = 1;
+    for (std::size_t i = 1; i < t.size(); ++i)
+        t[i] = t[i - 1] * 10;
+    return t;
+}
+constexpr std::array<unsigned __int128, 23> kPowersOfTen = MakePowersOfTen();
+
 bool ExactDigits(double magnitude, int count, LeadingDigits& out)
 {
     if (!(magnitude >= std::numeric_limits<double>::min() && magnitude < 1e15) || count > 17)
         return false;
-    int binaryExponent = 0;
-    const double fraction = std::frexp(magnitude, &binaryExponent);
-    const auto mantissa = static_cast<std::uint64_t>(std::ldexp(fraction, 53));
-    const int shift = 53 - binaryExponent; // value = mantissa / 2^shift
+    const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+    const std::uint64_t mantissa = (bits & ((1ULL << 52) - 1)) | (1ULL << 52);
+    const int shift = 1075 - static_cast<int>(bits >> 52); // value = mantissa / 2^shift
     if (shift <= 0 || shift > 120)
         return false;
-    // A first guess of the power of ten of the first digit, put right below.
-    int e = static_cast<int>(std::floor((binaryExponent - 1) * 0.30102999566398120));
-    std::uint64_t low = 1;
-    for (int i = 1; i < count; ++i)
-        low *= 10;
+    // The power of ten of the first digit, or one less: value >= 2^(52 - shift).
+    int e = static_cast<int>(std::floor((52 - shift) * 0.30102999566398120));
+    const auto low = static_cast<std::uint64_t>(kPowersOfTen[count - 1]);
     const std::uint64_t high = low * 10;
-    for (int attempt = 0; attempt < 3; ++attempt) {
+    for (int attempt = 0; attempt < 2; ++attempt, ++e) {
         const int k = count - 1 - e;
         if (k < 0 || k > 22)
             return false;
-        unsigned __int128 scaled = mantissa;
-        for (int i = 0; i < k; ++i)
-            scaled *= 10;
+        const unsigned __int128 scaled = kPowersOfTen[k] * mantissa;
         auto whole = static_cast<std::uint64_t>(scaled >> shift);
+        if (whole >= high)
+            continue;
         const unsigned __int128 rest = scaled - (static_cast<unsigned __int128>(whole) << shift);
         const unsigned __int128 half = static_cast<unsigned __int128>(1) << (shift - 1);
-        if (whole >= high) {
-            ++e;
-            continue;
-        }
-        if (whole < low) {
-            --e;
-            continue;
-        }
         if (rest > half || (rest == half && (whole & 1) != 0))
             ++whole;
         if (whole == high) {
