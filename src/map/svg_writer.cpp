@@ -1,7 +1,9 @@
 #include "map/svg_writer.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <concepts>
 #include <cstdio>
 #include <ostream>
 #include <string>
@@ -112,9 +114,39 @@ std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
     return lines;
 }
 
+// The document gathers here and goes to the stream in one write: an ostream
+// insertion per piece cost more than the pieces. Text and whole numbers go in; a
+// fraction must pass Fmt first.
+class Sink {
+public:
+    Sink& operator<<(std::string_view text)
+    {
+        text_ += text;
+        return *this;
+    }
+    template <class C>
+    requires std::same_as<C, char> Sink& operator<<(C c)
+    {
+        text_ += c;
+        return *this;
+    }
+    // Whole numbers in plain decimal, as the stream writes them.
+    template <std::integral I>
+    requires(!std::same_as<I, char> && !std::same_as<I, bool>) Sink& operator<<(I value)
+    {
+        char digits[24];
+        text_.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+        return *this;
+    }
+    const std::string& Text() const { return text_; }
+
+private:
+    std::string text_;
+};
+
 class Writer {
 public:
-    Writer(const SceneMap& map, std::ostream& out) : map_(map), out_(out)
+    explicit Writer(const SceneMap& map) : map_(map)
     {
         const PictureBounds b = BoundsOf(map);
         bounds_ = b;
@@ -151,6 +183,8 @@ public:
         WriteCaptions();
         out_ << "</svg>\n";
     }
+
+    const std::string& Text() const { return out_.Text(); }
 
 private:
     void WriteStyle()
@@ -369,7 +403,7 @@ private:
     }
 
     const SceneMap& map_;
-    std::ostream& out_;
+    Sink out_;
     PictureBounds bounds_;
     std::vector<std::string> captions_;
     double captionTop_ = 0;
@@ -380,7 +414,9 @@ private:
 
 void WriteSvg(const SceneMap& map, std::ostream& out)
 {
-    Writer(map, out).Write();
+    Writer writer(map);
+    writer.Write();
+    out << writer.Text();
 }
 
 } // namespace tos
