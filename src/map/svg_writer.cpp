@@ -26,6 +26,14 @@ template <class... Parts> std::string Cat(const Parts&... parts)
     return out;
 }
 
+// A character that stands in the document as it is.
+bool IsPlain(char ch)
+{
+    const auto b = static_cast<unsigned char>(ch);
+    return b < 0x80 && (b >= 0x20 || ch == '\t' || ch == '\n') && ch != '&' && ch != '<' &&
+           ch != '>' && ch != '"';
+}
+
 // Text content or attribute value: markup characters escaped, bytes above ASCII
 // as character references, control characters (which XML forbids) as "?". Line
 // ends stay: a hover text has several lines.
@@ -33,31 +41,28 @@ std::string Escape(std::string_view text)
 {
     std::string out;
     out.reserve(text.size());
-    for (const char ch : text) {
-        const auto b = static_cast<unsigned char>(ch);
-        switch (ch) {
-        case '&':
-            out += "&amp;";
-            continue;
-        case '<':
-            out += "&lt;";
-            continue;
-        case '>':
-            out += "&gt;";
-            continue;
-        case '"':
-            out += "&quot;";
-            continue;
-        default:
+    for (std::size_t at = 0; at < text.size();) {
+        // Runs of plain characters go in whole.
+        const std::size_t from = at;
+        while (at < text.size() && IsPlain(text[at]))
+            ++at;
+        out.append(text.substr(from, at - from));
+        if (at == text.size())
             break;
-        }
-        if (b >= 0x80) {
+        const char ch = text[at++];
+        const auto b = static_cast<unsigned char>(ch);
+        if (ch == '&')
+            out += "&amp;";
+        else if (ch == '<')
+            out += "&lt;";
+        else if (ch == '>')
+            out += "&gt;";
+        else if (ch == '"')
+            out += "&quot;";
+        else if (b >= 0x80)
             out += "&#" + std::to_string(static_cast<unsigned>(CharOfByte(b))) + ";";
-        } else if (b < 0x20 && b != '\t' && b != '\n') {
+        else
             out += '?';
-        } else {
-            out += ch;
-        }
     }
     return out;
 }
