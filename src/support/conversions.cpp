@@ -133,9 +133,6 @@ LeadingDigits ParseScientific(const char* first, const char* last, int limit)
     return out;
 }
 
-// The digits of an ordinary value, from its exact binary form in 128-bit integers:
-// value * 10^k rounded to a whole number, half to even as a fixed-digit print does.
-// False where the product would not fit; such values take the print instead.
 constexpr std::array<unsigned __int128, 23> MakePowersOfTen()
 {
     std::array<unsigned __int128, 23> t{};
@@ -146,6 +143,9 @@ constexpr std::array<unsigned __int128, 23> MakePowersOfTen()
 }
 constexpr std::array<unsigned __int128, 23> kPowersOfTen = MakePowersOfTen();
 
+// The digits of an ordinary value, from its exact binary form in 128-bit integers:
+// value * 10^k rounded to a whole number, half to even as a fixed-digit print does.
+// False where the product would not fit; such values take the print instead.
 bool ExactDigits(double magnitude, int count, LeadingDigits& out)
 {
     if (!(magnitude >= std::numeric_limits<double>::min() && magnitude < 1e15) || count > 17)
