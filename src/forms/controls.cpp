@@ -1,6 +1,7 @@
 #include "forms/controls.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "support/conversions.h"
 #include "support/failure.h"
@@ -159,27 +160,50 @@ const std::vector<std::string>& ListBox::Rows() const
     return rows_;
 }
 
+namespace {
+
+// The first 16 bytes of a key as two numbers, zeros behind a shorter key. Where they
+// differ they order the keys as the whole keys do, a proper prefix first.
+struct SortEntry {
+    std::uint64_t head, next;
+    std::size_t index;
+};
+
+std::uint64_t Packed(const std::string& key, std::size_t from)
+{
+    std::uint64_t v = 0;
+    for (std::size_t i = from; i < from + 8; ++i)
+        v = (v << 8) | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+    return v;
+}
+
+} // namespace
+
 void ListBox::SortPending() const
 {
     if (!sorted_ || sortedCount_ == rows_.size())
         return;
-    // Sort an index of the new rows by key (stable, so equal rows keep the order
-    // they were added in), then merge behind equal rows already there.
+    // Sort the new rows by key (stable, so equal rows keep the order they were added
+    // in), then merge them behind equal rows already there.
     const std::size_t n = rows_.size();
-    std::vector<std::size_t> order(n);
+    std::vector<SortEntry> order(n);
     for (std::size_t i = 0; i < n; ++i)
-        order[i] = i;
-    auto less = [this](std::size_t a, std::size_t b) {
+        order[i] = {Packed(keys_[i], 0), Packed(keys_[i], 8), i};
+    auto less = [this](const SortEntry& a, const SortEntry& b) {
+        if (a.head != b.head)
+            return a.head < b.head;
+        if (a.next != b.next)
+            return a.next < b.next;
         // std::string compares char_traits<char>, which orders bytes as unsigned.
-        return keys_[a] < keys_[b];
+        return keys_[a.index] < keys_[b.index];
     };
     std::stable_sort(order.begin() + static_cast<std::ptrdiff_t>(sortedCount_), order.end(), less);
     std::inplace_merge(order.begin(), order.begin() + static_cast<std::ptrdiff_t>(sortedCount_),
                        order.end(), less);
     std::vector<std::string> rows(n), keys(n);
     for (std::size_t i = 0; i < n; ++i) {
-        rows[i] = std::move(rows_[order[i]]);
-        keys[i] = std::move(keys_[order[i]]);
+        rows[i] = std::move(rows_[order[i].index]);
+        keys[i] = std::move(keys_[order[i].index]);
     }
     rows_ = std::move(rows);
     keys_ = std::move(keys);

@@ -1,8 +1,9 @@
 #include "map/map_presentation.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+
+#include "support/conversions.h"
 
 namespace tos {
 
@@ -29,10 +30,7 @@ std::string MapNumber(double value)
 {
     if (std::abs(value) < 1e-9)
         return "0";
-    char buffer[32];
-    const auto r =
-        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 8);
-    return std::string(buffer, r.ptr);
+    return GeneralText(value, 8);
 }
 
 std::vector<LegendEntry> LegendOf(const SceneMap& map)

@@ -1,7 +1,9 @@
 #include "map/svg_writer.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <concepts>
 #include <cstdio>
 #include <ostream>
 #include <string>
@@ -24,6 +26,14 @@ template <class... Parts> std::string Cat(const Parts&... parts)
     return out;
 }
 
+// A character that stands in the document as it is.
+bool IsPlain(char ch)
+{
+    const auto b = static_cast<unsigned char>(ch);
+    return b < 0x80 && (b >= 0x20 || ch == '\t' || ch == '\n') && ch != '&' && ch != '<' &&
+           ch != '>' && ch != '"';
+}
+
 // Text content or attribute value: markup characters escaped, bytes above ASCII
 // as character references, control characters (which XML forbids) as "?". Line
 // ends stay: a hover text has several lines.
@@ -31,31 +41,28 @@ std::string Escape(std::string_view text)
 {
     std::string out;
     out.reserve(text.size());
-    for (const char ch : text) {
-        const auto b = static_cast<unsigned char>(ch);
-        switch (ch) {
-        case '&':
-            out += "&amp;";
-            continue;
-        case '<':
-            out += "&lt;";
-            continue;
-        case '>':
-            out += "&gt;";
-            continue;
-        case '"':
-            out += "&quot;";
-            continue;
-        default:
+    for (std::size_t at = 0; at < text.size();) {
+        // Runs of plain characters go in whole.
+        const std::size_t from = at;
+        while (at < text.size() && IsPlain(text[at]))
+            ++at;
+        out.append(text.substr(from, at - from));
+        if (at == text.size())
             break;
-        }
-        if (b >= 0x80) {
+        const char ch = text[at++];
+        const auto b = static_cast<unsigned char>(ch);
+        if (ch == '&')
+            out += "&amp;";
+        else if (ch == '<')
+            out += "&lt;";
+        else if (ch == '>')
+            out += "&gt;";
+        else if (ch == '"')
+            out += "&quot;";
+        else if (b >= 0x80)
             out += "&#" + std::to_string(static_cast<unsigned>(CharOfByte(b))) + ";";
-        } else if (b < 0x20 && b != '\t' && b != '\n') {
+        else
             out += '?';
-        } else {
-            out += ch;
-        }
     }
     return out;
 }
@@ -112,9 +119,39 @@ std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
     return lines;
 }
 
+// The document gathers here and goes to the stream in one write: an ostream
+// insertion per piece cost more than the pieces. Text and whole numbers go in; a
+// fraction must pass Fmt first.
+class Sink {
+public:
+    Sink& operator<<(std::string_view text)
+    {
+        text_ += text;
+        return *this;
+    }
+    template <class C>
+    requires std::same_as<C, char> Sink& operator<<(C c)
+    {
+        text_ += c;
+        return *this;
+    }
+    // Whole numbers in plain decimal, as the stream writes them.
+    template <std::integral I>
+    requires(!std::same_as<I, char> && !std::same_as<I, bool>) Sink& operator<<(I value)
+    {
+        char digits[24];
+        text_.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+        return *this;
+    }
+    const std::string& Text() const { return text_; }
+
+private:
+    std::string text_;
+};
+
 class Writer {
 public:
-    Writer(const SceneMap& map, std::ostream& out) : map_(map), out_(out)
+    explicit Writer(const SceneMap& map) : map_(map)
     {
         const PictureBounds b = BoundsOf(map);
         bounds_ = b;
@@ -151,6 +188,8 @@ public:
         WriteCaptions();
         out_ << "</svg>\n";
     }
+
+    const std::string& Text() const { return out_.Text(); }
 
 private:
     void WriteStyle()
@@ -369,7 +408,7 @@ private:
     }
 
     const SceneMap& map_;
-    std::ostream& out_;
+    Sink out_;
     PictureBounds bounds_;
     std::vector<std::string> captions_;
     double captionTop_ = 0;
@@ -380,7 +419,9 @@ private:
 
 void WriteSvg(const SceneMap& map, std::ostream& out)
 {
-    Writer(map, out).Write();
+    Writer writer(map);
+    writer.Write();
+    out << writer.Text();
 }
 
 } // namespace tos

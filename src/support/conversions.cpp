@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -117,6 +118,72 @@ constexpr std::array<unsigned char, 256> MakeUpperTable()
     return t;
 }
 
+// Digits and exponent of to_chars' scientific form "d.ddde+XX"; none past `limit`.
+LeadingDigits ParseScientific(const char* first, const char* last, int limit)
+{
+    LeadingDigits out{};
+    int n = 0;
+    const char* at = first;
+    for (; at != last && *at != 'e'; ++at)
+        if (*at != '.' && n < limit)
+            out.digits[n++] = *at;
+    std::fill(out.digits + n, out.digits + 17, '0');
+    if (at != last)
+        std::from_chars(at + 1 + (at[1] == '+' ? 1 : 0), last, out.exponent);
+    return out;
+}
+
+constexpr std::array<unsigned __int128, 23> MakePowersOfTen()
+{
+    std::array<unsigned __int128, 23> t{};
+    t[0] = 1;
+    for (std::size_t i = 1; i < t.size(); ++i)
+        t[i] = t[i - 1] * 10;
+    return t;
+}
+constexpr std::array<unsigned __int128, 23> kPowersOfTen = MakePowersOfTen();
+
+// The digits of an ordinary value, from its exact binary form in 128-bit integers:
+// value * 10^k rounded to a whole number, half to even as a fixed-digit print does.
+// False where the product would not fit; such values take the print instead.
+bool ExactDigits(double magnitude, int count, LeadingDigits& out)
+{
+    if (!(magnitude >= std::numeric_limits<double>::min() && magnitude < 1e15) || count > 17)
+        return false;
+    const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+    const std::uint64_t mantissa = (bits & ((1ULL << 52) - 1)) | (1ULL << 52);
+    const int shift = 1075 - static_cast<int>(bits >> 52); // value = mantissa / 2^shift
+    if (shift <= 0 || shift > 120)
+        return false;
+    // The power of ten of the first digit, or one less: value >= 2^(52 - shift).
+    int e = static_cast<int>(std::floor((52 - shift) * 0.30102999566398120));
+    const auto low = static_cast<std::uint64_t>(kPowersOfTen[count - 1]);
+    const std::uint64_t high = low * 10;
+    for (int attempt = 0; attempt < 2; ++attempt, ++e) {
+        const int k = count - 1 - e;
+        if (k < 0 || k > 22)
+            return false;
+        const unsigned __int128 scaled = kPowersOfTen[k] * mantissa;
+        auto whole = static_cast<std::uint64_t>(scaled >> shift);
+        if (whole >= high)
+            continue;
+        const unsigned __int128 rest = scaled - (static_cast<unsigned __int128>(whole) << shift);
+        const unsigned __int128 half = static_cast<unsigned __int128>(1) << (shift - 1);
+        if (rest > half || (rest == half && (whole & 1) != 0))
+            ++whole;
+        if (whole == high) {
+            whole = low;
+            ++e;
+        }
+        for (int i = count - 1; i >= 0; --i, whole /= 10)
+            out.digits[i] = static_cast<char>('0' + whole % 10);
+        std::fill(out.digits + count, out.digits + 17, '0');
+        out.exponent = e;
+        return true;
+    }
+    return false;
+}
+
 // The 15 significant digits of |value| and the decimal exponent of the first one.
 struct Digits15 {
     char digits[15];
@@ -125,14 +192,10 @@ struct Digits15 {
 
 Digits15 SignificantDigits(double magnitude)
 {
-    char buf[40];
-    auto res = std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific, 14);
-    // Form: d.dddddddddddddde[+-]XX
+    const LeadingDigits d = RoundedDigits(magnitude, 15);
     Digits15 out{};
-    out.digits[0] = buf[0];
-    for (int i = 1; i < 15; ++i)
-        out.digits[i] = buf[i + 1];
-    std::from_chars(buf + 17 + (buf[17] == '+' ? 1 : 0), res.ptr, out.exponent);
+    std::copy_n(d.digits, 15, out.digits);
+    out.exponent = d.exponent;
     return out;
 }
 
@@ -145,14 +208,55 @@ template <class Rep> CheckedInt<Rep> RoundedTo(double value)
     return CheckedInt<Rep>(static_cast<Rep>(r));
 }
 
+// The common form, one sign, digits and at most one point with nothing else around them,
+// read straight from the text with no copy. False for any other form.
+bool PlainDecimal(std::string_view text, double& value)
+{
+    const char* first = text.data();
+    const char* const end = first + text.size();
+    const char* at = first;
+    if (at != end && (*at == '+' || *at == '-'))
+        ++at;
+    if (at != first && *first == '+')
+        first = at; // from_chars takes no plus sign
+    bool digit = false, point = false;
+    for (; at != end; ++at) {
+        if (*at >= '0' && *at <= '9')
+            digit = true;
+        else if (*at == '.' && !point)
+            point = true;
+        else
+            return false;
+    }
+    if (!digit)
+        return false;
+    const auto [stop, ec] = std::from_chars(first, end, value);
+    return ec == std::errc() && stop == end;
+}
+
 } // namespace
 
 namespace detail {
 constinit const std::array<unsigned char, 256> kUpperBytes = MakeUpperTable();
 }
 
+LeadingDigits RoundedDigits(double value, int count)
+{
+    const double magnitude = std::fabs(value);
+    LeadingDigits d{};
+    if (ExactDigits(magnitude, count, d))
+        return d;
+    char buf[40];
+    const auto r =
+        std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific, count - 1);
+    return ParseScientific(buf, r.ptr, count);
+}
+
 double TextToNumber(std::string_view text)
 {
+    if (double value; PlainDecimal(text, value))
+        return value;
+
     NumberCursor cur(text);
     if (cur.Peek() == '&') {
         cur.Take();
@@ -229,27 +333,23 @@ double FloorNumber(double value)
     return std::floor(value);
 }
 
-std::string NumberToText(double value)
-{
-    if (value == 0.0 || !std::isfinite(value))
-        return "0";
-    const Digits15 d = SignificantDigits(std::fabs(value));
-    int count = 15;
-    while (count > 1 && d.digits[count - 1] == '0')
-        --count;
-    const int e = d.exponent;
+namespace {
 
+// Digits as plain text or in the exponent form ("1.5E-20"), sign in front.
+std::string DigitsText(bool negative, const char* digits, int count, int e, bool exponentForm,
+                       char mark)
+{
     std::string out;
-    if (value < 0)
+    if (negative)
         out += '-';
-    const bool exponentForm = e >= 15 || (e < 0 && (-e - 1) + count > 15);
     if (exponentForm) {
-        out += d.digits[0];
+        out += digits[0];
         if (count > 1) {
             out += '.';
-            out.append(d.digits + 1, count - 1);
+            out.append(digits + 1, count - 1);
         }
-        out += e < 0 ? "E-" : "E+";
+        out += mark;
+        out += e < 0 ? '-' : '+';
         const int a = e < 0 ? -e : e;
         if (a < 10)
             out += '0';
@@ -257,19 +357,54 @@ std::string NumberToText(double value)
     } else if (e < 0) {
         out += "0.";
         out.append(static_cast<std::size_t>(-e - 1), '0');
-        out.append(d.digits, count);
+        out.append(digits, count);
     } else {
         const int whole = e + 1;
         if (count <= whole) {
-            out.append(d.digits, count);
+            out.append(digits, count);
             out.append(static_cast<std::size_t>(whole - count), '0');
         } else {
-            out.append(d.digits, whole);
+            out.append(digits, whole);
             out += '.';
-            out.append(d.digits + whole, count - whole);
+            out.append(digits + whole, count - whole);
         }
     }
     return out;
+}
+
+// How many of the digits are left without trailing zeros.
+int SignificantCount(const char* digits, int count)
+{
+    while (count > 1 && digits[count - 1] == '0')
+        --count;
+    return count;
+}
+
+} // namespace
+
+std::string NumberToText(double value)
+{
+    if (value == 0.0 || !std::isfinite(value))
+        return "0";
+    const Digits15 d = SignificantDigits(std::fabs(value));
+    const int count = SignificantCount(d.digits, 15);
+    const int e = d.exponent;
+    const bool exponentForm = e >= 15 || (e < 0 && (-e - 1) + count > 15);
+    return DigitsText(value < 0, d.digits, count, e, exponentForm, 'E');
+}
+
+std::string GeneralText(double value, int precision)
+{
+    if (value == 0.0 || !std::isfinite(value)) {
+        char buf[32];
+        const auto r =
+            std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, precision);
+        return std::string(buf, r.ptr);
+    }
+    const LeadingDigits d = RoundedDigits(value, precision);
+    const int e = d.exponent;
+    return DigitsText(value < 0, d.digits, SignificantCount(d.digits, precision), e,
+                      e < -4 || e >= precision, 'e');
 }
 
 std::string IntegerToText(long long value)

@@ -27,6 +27,17 @@ double FloorNumber(double value);
 // Shortest plain form at 15 significant digits; exponent form past the limits.
 std::string NumberToText(double value);
 
+// The first `count` (1 to 17) significant digits of a finite value other than zero,
+// correctly rounded, and the power of ten of the first; digits behind them are '0'.
+struct LeadingDigits {
+    char digits[17];
+    int exponent;
+};
+LeadingDigits RoundedDigits(double value, int count);
+
+// What printf's "%.<precision>g" writes in the C locale, precision 1 to 17.
+std::string GeneralText(double value, int precision);
+
 std::string IntegerToText(long long value);
 // One blank in front of a value that is not negative: " 6", "-1".
 std::string SignedIntegerText(long long value);

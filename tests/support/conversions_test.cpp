@@ -45,6 +45,7 @@ TEST(TextToNumber, ReadsTheLongestNumericPrefixInEveryCLocale)
         {"&H80000000", "-2147483648"}, {"1.7976931348623157e308", "1.7976931348623157e+308"},
         {"17976931348623157" + zeros.substr(0, 292),             "1.7976931348623157e+308"},
         {"1e309", "fails 6"}, {"-2.5e400", "fails 6"},         {"1e99999999999999", "fails 6"},
+        {"-0", "-0"}, {"+-5", "0"}, {"1" + zeros, "fails 6"}, {"-0." + zeros + "1", "-0"},
         {"&H100000000", "fails 6"}, {"&O77777777777", "fails 6"}, {"1" + zeros + "e-10", "fails 6"},
     };
     // clang-format on
