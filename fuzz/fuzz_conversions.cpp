@@ -1,6 +1,8 @@
 // Text and numbers: TextToNumber on any bytes, then the conversions on what it read and
 // on any double the input's first eight bytes spell.
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -57,8 +59,33 @@ void CheckPattern(double x, const PatternShape& p)
     }
 }
 
+// The digits worked out from the value's binary form agree with the C library's print,
+// which rounds the same exact value half to even.
+void CheckDigitsAgainstPrint(double x)
+{
+    if (x == 0.0 || !std::isfinite(x))
+        return;
+    for (const int count : {1, 3, 6, 8, 15, 17}) {
+        char printed[64];
+        std::snprintf(printed, sizeof printed, "%.*e", count - 1, std::fabs(x));
+        std::string digits;
+        const char* at = printed;
+        for (; *at != 'e'; ++at)
+            if (*at != '.')
+                digits += *at;
+        const LeadingDigits d = RoundedDigits(x, count);
+        Require(std::string_view(d.digits, static_cast<std::size_t>(count)) == digits &&
+                    d.exponent == std::atoi(at + 1),
+                "RoundedDigits as printed", printed);
+        char general[64];
+        std::snprintf(general, sizeof general, "%.*g", count, x);
+        Require(GeneralText(x, count) == general, "GeneralText as printed", general);
+    }
+}
+
 void CheckNumber(double x)
 {
+    CheckDigitsAgainstPrint(x);
     const std::string text = NumberToText(x);
     Require(!text.empty() && text.size() <= 24, "NumberToText is short", text);
     const double ax = std::fabs(x);
