@@ -40,7 +40,7 @@ bool IsNameCharacter(char c)
     if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_')
         return true;
     return u >= 0x80 &&
-           (UpperCase(std::string(1, c)) != std::string(1, c) || u == 0x8A || u == 0x8C ||
+           (UpperChar(c) != c || u == 0x8A || u == 0x8C ||
             u == 0x8E || u == 0x9F || (u >= 0xC0 && u <= 0xDE && u != 0xD7));
 }
 
@@ -122,8 +122,9 @@ void CheckName(Findings& findings, std::size_t line, std::string_view name)
     else if (pattern)
         findings.Misread(line, "pattern",
                          "* and ? in the name " + shown + " match other objects too.", true);
+    const std::string upper = UpperCase(shown);
     for (std::string_view set : kObjectSets)
-        if (UpperCase(shown) == set)
+        if (upper == set)
             findings.Misread(line, "set",
                              "$" + shown + " means a set of objects, not the object " + shown + ".",
                              true);
