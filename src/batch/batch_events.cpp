@@ -7,7 +7,7 @@
 #include "forms/app.h"
 #include "forms/batch_form.h"
 #include "forms/common_dialog.h"
-#include "forms/form_routines.h"
+#include "forms/form_events.h"
 #include "forms/name_rule.h"
 #include "support/case_blind.h"
 #include "support/conversions.h"
@@ -35,16 +35,8 @@ void ConnectRow(App& app, BatchRow& row)
         [&app, &row] { UseMaxNameClicked(app.platform, NameBoxesOf(row), row.txtMaxFile.Text()); });
     row.txtMaxFile.Change.Connect(
         [&app, &row] { MaxFileChanged(app.platform, NameBoxesOf(row), row.txtMaxFile.Text()); });
-    row.btnBrowseMaxFile.Click.Connect([&app, &row] {
-        const std::string chosen =
-            ShowCommonDialog(app, FormId::Batch, "Select Max Object File", app.state.ObjectDir,
-                             "MAX File (*.max)|*.max", Int16(1), false, "");
-        if (chosen.empty())
-            return;
-        app.state.ObjectDir = FolderOfPath(chosen);
-        SaveSettings(app);
-        row.txtMaxFile.SetText(chosen);
-    });
+    row.btnBrowseMaxFile.Click.Connect(
+        [&app, &row] { BrowseMaxFileInto(app, FormId::Batch, row.txtMaxFile); });
 }
 
 BatchRow& AddRow(App& app, BatchForm& form, const std::string& selection)

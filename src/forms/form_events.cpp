@@ -76,16 +76,21 @@ void txtObjectScale_LostFocus(App& app)
     CleanNumberBox(app.main.txtObjectScale, 0.1, 6, "0.000000");
 }
 
-void btnBrowseMaxFile_Click(App& app)
+void BrowseMaxFileInto(App& app, FormId form, TextBox& box)
 {
     const std::string chosen =
-        ShowCommonDialog(app, FormId::Main, "Select Max Object File", app.state.ObjectDir,
+        ShowCommonDialog(app, form, "Select Max Object File", app.state.ObjectDir,
                          "MAX File (*.max)|*.max", Int16(1), false, "");
     if (chosen.empty())
         return;
     app.state.ObjectDir = FolderOfPath(chosen);
     SaveSettings(app);
-    app.main.txtMaxFile.SetText(chosen);
+    box.SetText(chosen);
+}
+
+void btnBrowseMaxFile_Click(App& app)
+{
+    BrowseMaxFileInto(app, FormId::Main, app.main.txtMaxFile);
 }
 
 void LaunchHelp(App& app, const std::string& file)

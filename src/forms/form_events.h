@@ -2,9 +2,12 @@
 
 #include <string>
 
+#include "support/platform.h"
+
 namespace tos {
 
 struct App;
+class TextBox;
 
 // Connects the event routines of the tile, save, scale and grid boxes, the .max browse, help and
 // exit.
@@ -24,6 +27,9 @@ void chkInstances_Click(App& app);
 void txtGridSize_LostFocus(App& app);
 void txtObjectScale_LostFocus(App& app);
 void btnBrowseMaxFile_Click(App& app);
+// Asks for a .max file over the given form and puts the choice into box; the folder is
+// remembered for the next time, whichever form asked.
+void BrowseMaxFileInto(App& app, FormId form, TextBox& box);
 void btnViewHelp_Click(App& app);
 void btnExit_Click(App& app);
 
