@@ -2,7 +2,7 @@
 // scene and one pass over its lines), run on the same generated scenes in the same
 // run: the ratio says how much more than reading the scene once each command does.
 // Beside them the peak memory of the load and a hostile scene of millions of sections.
-// Usage: floor_ratios FLOOR TOS_CLI
+// Usage: floor_ratios FLOOR TOS_CLI [--keep]   (--keep leaves the scenes for profiling)
 
 #include <cstdio>
 #include <filesystem>
@@ -41,8 +41,9 @@ const char* Verdict(bool met)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: floor_ratios FLOOR TOS_CLI\n");
+    const bool keep = argc == 4 && std::string(argv[3]) == "--keep";
+    if (argc != 3 && !keep) {
+        std::fprintf(stderr, "usage: floor_ratios FLOOR TOS_CLI [--keep]\n");
         return 2;
     }
     const std::string floor = argv[1], cli = argv[2];
@@ -101,6 +102,9 @@ int main(int argc, char** argv)
                 manyMB, cliMany.ms / 1000, cliMany.peakMiB * 1.048576, floorMany.ms / 1000,
                 cliMany.ms / floorMany.ms,
                 Verdict(cliMany.ms <= 3000 && cliMany.peakMiB * 1.048576 <= 300));
-    std::filesystem::remove_all(folder);
+    if (keep)
+        std::printf("scenes kept in %s\n", folder.string().c_str());
+    else
+        std::filesystem::remove_all(folder);
     return 0;
 }
