@@ -1,5 +1,6 @@
 // Text and numbers: TextToNumber on any bytes, then the conversions on what it read and
 // on any double the input's first eight bytes spell.
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -139,6 +140,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(failure->Number() == err::Overflow, "TextToNumber fails only with 6");
     else
         CheckNumber(x);
+    // The plain form (a sign, digits and one point) is read exactly as the C library reads it.
+    const std::string_view unsigned_ =
+        !text.empty() && (text[0] == '-' || text[0] == '+') ? text.substr(1) : text;
+    if (!failure && unsigned_.find_first_not_of("0123456789.") == std::string_view::npos &&
+        std::count(unsigned_.begin(), unsigned_.end(), '.') <= 1 &&
+        unsigned_.find_first_of("0123456789") != std::string_view::npos) {
+        const std::string plain(text);
+        const double expected = std::strtod(plain.c_str(), nullptr);
+        Require(std::memcmp(&x, &expected, sizeof x) == 0, "TextToNumber reads plain text exactly",
+                plain);
+    }
 
     if (size >= sizeof(double)) {
         double raw = 0;

@@ -19,6 +19,8 @@ namespace tos {
 namespace {
 
 constexpr std::size_t kMaxNotes = 20;
+const std::string kModel = "Model";
+const std::string kPosition = "Position";
 
 // The desktop as the map sees it: every service as it is, except that a message
 // box is written down instead of shown.
@@ -77,7 +79,7 @@ struct SceneMapper::Impl {
         return profiles.GetINIString(section, key, app.state.ScnFile);
     }
 
-    double Element(const std::string& text, int index)
+    double Element(std::string_view text, int index)
     {
         return TextToNumber(GetElement(quiet, text, ",", Int16(index)));
     }
@@ -188,14 +190,17 @@ void SceneMapper::ReadModels(SceneMap& map)
     if (auto f = Trap([&] {
             const auto taken = m.TakenNumbers();
             ValueMemo<ModelKind> kinds;
+            std::string spare;
             const bool read = m.profiles.ForEachNumberedValue(
-                scene, "Model", count, "SLT", [&](std::int32_t n, std::string_view value) {
+                scene, kModel, count, "SLT",
+                [&](std::int32_t n, std::string_view value, std::uint32_t distinct) {
                     MapModel model;
                     model.number = n;
                     model.value.assign(value);
-                    model.kind = kinds(value, [&](const std::string& v) { return m.KindOf(v); });
-                    const std::string position = m.profiles.GetVisitedINIString(
-                        "Model" + IntegerToText(n), "Position", m.app.state.ScnFile);
+                    model.kind =
+                        kinds(value, distinct, [&](const std::string& v) { return m.KindOf(v); });
+                    const std::string_view position = m.profiles.GetVisitedValue(
+                        kModel, n, kPosition, m.app.state.ScnFile, spare);
                     model.x = m.Element(position, 0);
                     model.y = m.Element(position, 1);
                     model.z = m.Element(position, 2);

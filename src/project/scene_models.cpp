@@ -16,7 +16,8 @@ namespace tos {
 
 namespace {
 
-constexpr const char* kModelPrefix = "Model";
+const std::string kModelPrefix = "Model";
+const std::string kPositionKey = "Position";
 
 // Candidates for the object list: .SLT models and the user's misc stock objects.
 bool IsCandidate(App& app, const std::string& modelValue)
@@ -35,13 +36,16 @@ void FirstPass(App& app, MainForm& form, const TileWindow& window)
 {
     ValueMemo<bool> candidate;
     ValueMemo<std::string> stem;
-    ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
-        if (candidate(value, [&](const std::string& v) { return IsCandidate(app, v); }) &&
-            IsInChosenTiles(app, window, n))
-            form.lstSCNdata1.AddItem(
-                stem(value, [&](const std::string& v) { return Stem(app, v); }) + "|" +
-                ModelNumberField(n));
-    });
+    ForEachModel(
+        app, app.state.NumberOfStaticModels,
+        [&](Int32 n, std::string_view value, std::uint32_t distinct) {
+            if (candidate(value, distinct,
+                          [&](const std::string& v) { return IsCandidate(app, v); }) &&
+                IsInChosenTiles(app, window, n))
+                form.lstSCNdata1.AddItem(
+                    stem(value, distinct, [&](const std::string& v) { return Stem(app, v); }) +
+                    "|" + ModelNumberField(n));
+        });
 }
 
 // Rows of one stem lie side by side in the sorted list, so a look at the next
@@ -120,17 +124,20 @@ std::string ModelSection(Int32 n)
 }
 
 void ForEachModel(App& app, Int32 count,
-                  const std::function<void(Int32, std::string_view value)>& visit)
+                  const std::function<void(Int32, std::string_view value, std::uint32_t)>& visit)
 {
     const std::string& scn = app.state.ScnFile;
     if (count < Int32(1))
         return;
     const bool read = app.profiles.ForEachNumberedValue(
         scn, kModelPrefix, count.value(), "SLT",
-        [&](std::int32_t n, std::string_view value) { visit(Int32(n), value); });
+        [&](std::int32_t n, std::string_view value, std::uint32_t distinct) {
+            visit(Int32(n), value, distinct);
+        });
     if (!read) {
         for (Int32 n = 1; n <= count; ++n)
-            visit(n, app.profiles.GetINIString(ModelSection(n), "SLT", scn));
+            visit(n, app.profiles.GetINIString(ModelSection(n), "SLT", scn),
+                  ProfileFiles::kNoDistinct);
         return;
     }
     // The counted loop steps its counter once past the last value.
@@ -140,8 +147,9 @@ void ForEachModel(App& app, Int32 count,
 
 bool IsInChosenTiles(App& app, const TileWindow& window, Int32 n)
 {
-    const std::string position =
-        app.profiles.GetVisitedINIString(ModelSection(n), "Position", app.state.ScnFile);
+    std::string spare;
+    const std::string_view position = app.profiles.GetVisitedValue(
+        kModelPrefix, n.value(), kPositionKey, app.state.ScnFile, spare);
     const Num x = TextToNumber(ElementOrMessage(app.platform, position, ",", 0));
     const Num z = TextToNumber(ElementOrMessage(app.platform, position, ",", 2));
     return window.Contains(x, z) == (app.main.chkMainTile.Value() == 1);
@@ -161,12 +169,13 @@ void GetSLTcount(App& app)
             }
             s.NumberOfStaticModels = ToInt32(TextToNumber(value));
             ValueMemo<bool> isSlt;
-            ForEachModel(app, s.NumberOfStaticModels, [&](Int32, std::string_view value) {
-                if (isSlt(value, [&](const std::string& v) {
-                        return GetFileExtension(app.platform, UpperCase(v)) == "SLT";
-                    }))
-                    ++s.SLTcount;
-            });
+            ForEachModel(app, s.NumberOfStaticModels,
+                         [&](Int32, std::string_view value, std::uint32_t distinct) {
+                             if (isSlt(value, distinct, [&](const std::string& v) {
+                                     return GetFileExtension(app.platform, UpperCase(v)) == "SLT";
+                                 }))
+                                 ++s.SLTcount;
+                         });
             app.main.lblSLTcount.SetCaption(IntegerToText(s.SLTcount.value()));
         }))
         app.Message(TrapMessageColon("GetSLTcount", *f));

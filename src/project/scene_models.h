@@ -17,14 +17,15 @@ struct MainForm;
 // sets the other. Division by a zero tile is failure 11 (6 for a zero size).
 TileWindow ReadTileWindowAndLinkScale(App& app);
 
-// Reads the SLT value of Model1..Model<count> and calls visit(n, value),
+// Reads the SLT value of Model1..Model<count> and calls visit(n, value, distinct)
+// (distinct as ProfileFiles::ForEachNumberedValue gives it),
 // with the outcome of a 32-bit counted loop over every number: numbers whose
 // section the scene lacks are skipped unread (visit must take nothing from a ""
 // value), and a count of 2,147,483,647 ends in failure 6 when the counter steps
 // past it. A scene that cannot be read is read number by number, so its
 // reader's message comes at every read.
 void ForEachModel(App& app, Int32 count,
-                  const std::function<void(Int32, std::string_view value)>& visit);
+                  const std::function<void(Int32, std::string_view value, std::uint32_t)>& visit);
 
 // The section of model n: "Model" and the number.
 std::string ModelSection(Int32 n);

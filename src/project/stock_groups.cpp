@@ -32,11 +32,14 @@ void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
             list.Clear();
             const TileWindow window = ReadTileWindowAndLinkScale(app);
             ValueMemo<bool> member;
-            ForEachModel(app, app.state.NumberOfStaticModels, [&](Int32 n, std::string_view value) {
-                if (member(value, [&](const std::string& v) { return group.isMember(app, v); }) &&
-                    IsInChosenTiles(app, window, n))
-                    list.AddItem(ModelNumberField(n) + "|" + std::string(value));
-            });
+            ForEachModel(
+                app, app.state.NumberOfStaticModels,
+                [&](Int32 n, std::string_view value, std::uint32_t distinct) {
+                    if (member(value, distinct,
+                               [&](const std::string& v) { return group.isMember(app, v); }) &&
+                        IsInChosenTiles(app, window, n))
+                        list.AddItem(ModelNumberField(n) + "|" + std::string(value));
+                });
         }))
         app.Message(TrapMessageColon(group.routine, *f));
 }

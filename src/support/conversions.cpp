@@ -220,16 +220,36 @@ bool PlainDecimal(std::string_view text, double& value)
     if (at != first && *first == '+')
         first = at; // from_chars takes no plus sign
     bool digit = false, point = false;
+    // The digits as a whole number and how many stand behind the point.
+    std::uint64_t whole = 0;
+    int behindPoint = 0;
+    bool exact = true;
     for (; at != end; ++at) {
-        if (*at >= '0' && *at <= '9')
+        if (*at >= '0' && *at <= '9') {
             digit = true;
-        else if (*at == '.' && !point)
+            if (whole >= (std::uint64_t{1} << 53) / 10)
+                exact = false;
+            whole = whole * 10 + static_cast<unsigned>(*at - '0');
+            behindPoint += point;
+        } else if (*at == '.' && !point) {
             point = true;
-        else
+        } else {
             return false;
+        }
     }
     if (!digit)
         return false;
+    // A whole number below 2^53 and a power of ten up to 10^22 are both exact doubles, so
+    // one division rounds once, exactly as a correctly rounded reading of the text does.
+    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                         1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                         1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    if (exact && behindPoint <= 22) {
+        value = static_cast<double>(whole) / kPowers[behindPoint];
+        if (*text.data() == '-')
+            value = -value;
+        return true;
+    }
     const auto [stop, ec] = std::from_chars(first, end, value);
     return ec == std::errc() && stop == end;
 }

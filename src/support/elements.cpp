@@ -57,6 +57,19 @@ void ShowNextElementFailure(Platform& platform, int number)
 
 ElementView ElementAt(std::string_view text, std::string_view delim, int index)
 {
+    // A text this short keeps every value of the walk in range, so no failure is possible
+    // and the walk is a plain split.
+    if (delim.size() == 1 && text.size() < static_cast<std::size_t>(kMax16)) {
+        std::size_t from = 0;
+        for (int n = 0;; ++n) {
+            const std::size_t at = text.find(delim.front(), from);
+            if (n == index)
+                return {text.substr(from, at == std::string_view::npos ? at : at - from), 0};
+            if (at == std::string_view::npos)
+                return {};
+            from = at + 1;
+        }
+    }
     // Every value of the walk is 16-bit and range-tested as it is computed.
     const long long d = static_cast<long long>(delim.size());
     if (d > kMax16)

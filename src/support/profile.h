@@ -50,19 +50,24 @@ public:
     std::optional<std::vector<std::int32_t>> NumberedSections(const std::string& file,
                                                               const std::string& prefix);
 
-    // Calls visit(n, value) for each n that NumberedSections finds, ascending, up to last,
-    // where value is what GetINIString(prefix + IntegerToText(n), key, file) gives, valid
-    // during the call. False, with no call, when the file cannot be read. Faster than
+    // Calls visit(n, value, distinct) for each n that NumberedSections finds, ascending, up
+    // to last, where value is what GetINIString(prefix + IntegerToText(n), key, file) gives,
+    // valid during the call. Within one walk, visits with the same distinct number have the
+    // same value, so a test on the value can be answered once per number; kNoDistinct says
+    // the value has none. False, with no call, when the file cannot be read. Faster than
     // reading by name: a large file's sections are found by their place, and the values
     // of the last walk are given again while the file is unchanged.
+    static constexpr std::uint32_t kNoDistinct = 0xFFFFFFFF;
+    using NumberedVisit = std::function<void(std::int32_t, std::string_view, std::uint32_t)>;
     bool ForEachNumberedValue(const std::string& file, const std::string& prefix, std::int32_t last,
-                              const std::string& key,
-                              const std::function<void(std::int32_t, std::string_view)>& visit);
+                              const std::string& key, const NumberedVisit& visit);
 
-    // The same as GetINIString; faster for the section that ForEachNumberedValue visits at
-    // the time, whose place it knows.
-    std::string GetVisitedINIString(const std::string& section, const std::string& key,
-                                    const std::string& file);
+    // The same as GetINIString(prefix + IntegerToText(number), key, file); faster for the
+    // section that ForEachNumberedValue visits at the time, whose place it knows. The value
+    // is a view into the reader's copy of the file, or into spare; valid until the next read.
+    std::string_view GetVisitedValue(const std::string& prefix, std::int32_t number,
+                                     const std::string& key, const std::string& file,
+                                     std::string& spare);
 
 private:
     struct Impl;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 #include "support/case_blind.h"
@@ -39,13 +40,14 @@ struct KeyAndValue {
 };
 
 constexpr std::size_t kShortLine = 32000;
+// Texts up to this length take NextLine's direct step; longer ones its element walk.
+constexpr std::int64_t kShortText = std::numeric_limits<std::int32_t>::max() - 3;
 
 // GetNextElement's step at CR LF. Its range checks cannot fail on a text this short,
 // so the step is taken directly; a longer text takes the walk itself.
 std::string_view NextLine(Platform& platform, std::string_view text, std::int32_t& position)
 {
-    constexpr std::size_t kShortText = std::numeric_limits<std::int32_t>::max() - 3;
-    if (text.size() > kShortText || position < 1)
+    if (text.size() > static_cast<std::size_t>(kShortText) || position < 1)
         return NextElementOrMessage(platform, text, kLineEnd, position);
     const auto length = static_cast<std::int32_t>(text.size());
     if (position == length || length == 0)
@@ -62,6 +64,36 @@ std::string_view NextLine(Platform& platform, std::string_view text, std::int32_
     }
     position = std::min(static_cast<std::int32_t>(end + 3), length);
     return text.substr(from, end - from);
+}
+
+// The header lines the line walk of LoadSectionCache would see in a text of at most
+// kShortText characters, added to index: the walk's lines end at CR LF, it stops once
+// a line ends one character short of the text's end or closer, and only a line that is
+// "[" name "]" between blanks can match a lookup. One pass, with no step per character.
+void IndexHeaders(std::string_view text, SectionIndex& index)
+{
+    const char* const begin = text.data();
+    const std::size_t length = text.size();
+    std::size_t from = 0;
+    while (from + 1 < length) {
+        // The CR LF that ends the line: the first LF behind a CR, at or after from.
+        std::size_t end = length;
+        for (const char* p = begin + from + 1; p < begin + length;) {
+            const auto* lf = static_cast<const char*>(std::memchr(p, '\n', begin + length - p));
+            if (lf == nullptr)
+                break;
+            if (lf[-1] == '\r') {
+                end = static_cast<std::size_t>(lf - 1 - begin);
+                break;
+            }
+            p = lf + 1;
+        }
+        const std::string_view line = TrimmedView(text.substr(from, end - from));
+        if (line.size() >= 2 && line.front() == '[' && line.back() == ']')
+            index.Add(text, static_cast<std::uint32_t>(line.data() + 1 - begin),
+                      static_cast<std::uint32_t>(line.size() - 2));
+        from = end + 2;
+    }
 }
 
 KeyAndValue SplitAtEquals(Platform& platform, std::string_view line)
@@ -136,7 +168,10 @@ void ProfileFiles::LoadSectionCache(const std::string& file)
     const std::string_view text = s.large->text;
     const auto length = static_cast<std::int64_t>(text.size());
     // Positions are 32-bit: a larger text has no reachable sections.
-    if (length <= std::numeric_limits<std::int32_t>::max()) {
+    if (length <= kShortText) {
+        s.large->index.Reset(SectionIndex::CountHeaderLines(text));
+        IndexHeaders(text, s.large->index);
+    } else if (length <= std::numeric_limits<std::int32_t>::max()) {
         s.large->index.Reset(SectionIndex::CountHeaderLines(text));
         do {
             const std::int32_t before = s.large->pos;

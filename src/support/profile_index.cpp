@@ -84,18 +84,21 @@ std::int32_t SectionIndex::Behind(std::string_view text, std::size_t i) const
 
 std::size_t SectionIndex::CountHeaderLines(std::string_view text)
 {
+    // Headers are few among the lines, so look for the brackets and then back to the
+    // line's start.
     std::size_t count = 0;
-    const char* p = text.data();
-    const char* const end = p + text.size();
-    while (p < end) {
-        while (p < end && *p == ' ')
-            ++p;
-        if (p < end && *p == '[')
-            ++count;
-        const void* lf = std::memchr(p, '\n', static_cast<std::size_t>(end - p));
-        if (lf == nullptr)
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    for (const char* p = begin; p < end;) {
+        const auto* bracket = static_cast<const char*>(std::memchr(p, '[', end - p));
+        if (bracket == nullptr)
             break;
-        p = static_cast<const char*>(lf) + 1;
+        const char* q = bracket;
+        while (q > begin && q[-1] == ' ')
+            --q;
+        if (q == begin || q[-1] == '\n')
+            ++count;
+        p = bracket + 1;
     }
     return count;
 }

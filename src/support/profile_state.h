@@ -4,6 +4,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "support/files.h"
@@ -35,6 +37,15 @@ struct ProfileFiles::Numbered {
     std::vector<NumberedSection> sections; // ascending, distinct numbers
 };
 
+// Hashing of strings that a string_view can look up.
+struct ViewHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view s) const noexcept
+    {
+        return std::hash<std::string_view>{}(s);
+    }
+};
+
 // Large files: the one file held in memory with an index of its section headers, and
 // what walks over it keep.
 struct ProfileFiles::LargeFile {
@@ -60,6 +71,9 @@ struct ProfileFiles::LargeFile {
         std::string key;
         std::vector<std::uint32_t> at;
         std::vector<std::uint16_t> length; // kUnread for a section not read yet
+        // A number per distinct value, so tests on a value are answered once per number.
+        std::vector<std::uint32_t> distinct;
+        std::unordered_map<std::string, std::uint32_t, ViewHash, std::equal_to<>> numbers;
     };
     static constexpr std::uint16_t kUnread = 0xFFFF;
     WalkValues walkValues;

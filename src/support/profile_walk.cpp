@@ -7,23 +7,9 @@
 
 namespace tos {
 
-namespace {
-
-// Whether name is exactly prefix followed by the digits of number.
-bool IsNumberedName(std::string_view name, std::string_view prefix, std::int32_t number)
-{
-    char digits[16];
-    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    return name.size() == prefix.size() + static_cast<std::size_t>(end - digits) &&
-           name.starts_with(prefix) &&
-           name.substr(prefix.size()) == std::string_view(digits, end - digits);
-}
-
-} // namespace
-
-bool ProfileFiles::ForEachNumberedValue(
-    const std::string& file, const std::string& prefix, std::int32_t last, const std::string& key,
-    const std::function<void(std::int32_t, std::string_view)>& visit)
+bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::string& prefix,
+                                        std::int32_t last, const std::string& key,
+                                        const NumberedVisit& visit)
 {
     static const std::string kNotFound = "NotFound";
     Impl& s = *impl_;
@@ -38,6 +24,7 @@ bool ProfileFiles::ForEachNumberedValue(
         known.key = key;
         known.at.resize(numbered->sections.size());
         known.length.assign(numbered->sections.size(), LargeFile::kUnread);
+        known.distinct.resize(numbered->sections.size());
     }
     const std::uint64_t generation = numbered->generation;
     // Whether the look at the file taken last showed that the cache holds it.
@@ -66,6 +53,7 @@ bool ProfileFiles::ForEachNumberedValue(
         // A walk inside a visit may have taken the kept values over for its own.
         const bool keeps = known.numbered == numbered && known.key == key;
         std::string_view value;
+        std::uint32_t distinct = kNoDistinct;
         if (!held || at.behind < 0) {
             char digits[16];
             const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
@@ -73,6 +61,7 @@ bool ProfileFiles::ForEachNumberedValue(
             value = byName;
         } else if (keeps && known.length[i] != LargeFile::kUnread) {
             value = std::string_view(s.large->text).substr(known.at[i], known.length[i]);
+            distinct = known.distinct[i];
         } else {
             std::string_view found;
             bool plain = false;
@@ -90,6 +79,14 @@ bool ProfileFiles::ForEachNumberedValue(
                                   ? 0
                                   : static_cast<std::uint32_t>(found.data() - s.large->text.data());
                 known.length[i] = static_cast<std::uint16_t>(found.size());
+                auto number = known.numbers.find(found);
+                if (number == known.numbers.end())
+                    number = known.numbers
+                                 .emplace(std::string(found),
+                                          static_cast<std::uint32_t>(known.numbers.size()))
+                                 .first;
+                distinct = number->second;
+                known.distinct[i] = distinct;
             }
         }
         // A visit may read more keys of the same section, and may walk itself.
@@ -98,7 +95,7 @@ bool ProfileFiles::ForEachNumberedValue(
             true,   held && at.behind >= 0, at.number, at.behind, heldLook, generation, &file,
             &prefix};
         try {
-            visit(at.number, value);
+            visit(at.number, value, distinct);
         } catch (...) {
             s.visited = outer;
             throw;
@@ -108,28 +105,30 @@ bool ProfileFiles::ForEachNumberedValue(
     return true;
 }
 
-std::string ProfileFiles::GetVisitedINIString(const std::string& section, const std::string& key,
-                                              const std::string& file)
+std::string_view ProfileFiles::GetVisitedValue(const std::string& prefix, std::int32_t number,
+                                               const std::string& key, const std::string& file,
+                                               std::string& spare)
 {
-    static const std::string kNotFound = "NotFound";
+    constexpr std::string_view kNotFound = "NotFound";
     Impl& s = *impl_;
     const Impl::Visited& v = s.visited;
     // The section's place serves only while the look that showed the cache holding the
     // file is still the one a read would use; otherwise it is read by name, as any read.
-    const bool held = v.active && v.held && s.look.valid && s.look.count == v.look &&
-                      CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
-                      v.generation == s.large->generation && file == *v.file &&
-                      IsNumberedName(section, *v.prefix, v.number);
-    if (!held)
-        return GetINIString(section, key, file);
-    std::string value(kNotFound);
+    const bool held = v.active && v.held && v.number == number && s.look.valid &&
+                      s.look.count == v.look && CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
+                      v.generation == s.large->generation && file == *v.file && prefix == *v.prefix;
+    if (!held) {
+        char digits[16];
+        const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        spare = GetINIString(prefix + std::string(digits, end), key, file);
+        return spare;
+    }
+    std::string_view value = kNotFound;
     Trap([&] {
         if (const auto found = s.ScanSection(v.behind, key).value)
-            value.assign(found->substr(0, kValueSize));
+            value = found->substr(0, kValueSize);
     });
-    if (value == kNotFound)
-        value.clear();
-    return value;
+    return value == kNotFound ? std::string_view() : value;
 }
 
 } // namespace tos

@@ -146,9 +146,10 @@ TEST_F(Profile, NumberedSectionsFollowEachRoadsMatching)
     using Values = std::vector<std::string>;
     const auto walk = [&](ProfileFiles& reader) {
         Values values;
-        reader.ForEachNumberedValue(large, "Model", 7, "A", [&](std::int32_t n, std::string_view v) {
-            values.push_back(std::to_string(n) + "=" + std::string(v));
-        });
+        reader.ForEachNumberedValue(large, "Model", 7, "A",
+                                    [&](std::int32_t n, std::string_view v, std::uint32_t) {
+                                        values.push_back(std::to_string(n) + "=" + std::string(v));
+                                    });
         return values;
     };
     EXPECT_EQ(walk(profiles), (Values{"1=", "7=1"}));
