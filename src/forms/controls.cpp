@@ -115,8 +115,6 @@ void ListBox::AddItem(std::string row)
 {
     if (limit_ == RowLimit::Int16 && rows_.size() >= static_cast<std::size_t>(kMaxRows))
         Fail(err::Overflow);
-    if (sorted_)
-        keys_.push_back(UpperCase(row));
     rows_.push_back(std::move(row));
     Changed();
 }
@@ -127,7 +125,6 @@ void ListBox::Clear()
     if (rows_.empty())
         return;
     rows_.clear();
-    keys_.clear();
     sortedCount_ = 0;
     Changed();
 }
@@ -162,19 +159,34 @@ const std::vector<std::string>& ListBox::Rows() const
 
 namespace {
 
-// The first 16 bytes of a key as two numbers, zeros behind a shorter key. Where they
-// differ they order the keys as the whole keys do, a proper prefix first.
+// The first 16 bytes of a row's key (the row upper-cased) as two numbers, zeros behind a
+// shorter key. Where they differ they order the keys as the whole keys do, a proper
+// prefix first.
 struct SortEntry {
     std::uint64_t head, next;
     std::size_t index;
 };
 
-std::uint64_t Packed(const std::string& key, std::size_t from)
+std::uint64_t Packed(const std::string& row, std::size_t from)
 {
     std::uint64_t v = 0;
     for (std::size_t i = from; i < from + 8; ++i)
-        v = (v << 8) | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+        v = (v << 8) | (i < row.size() ? static_cast<unsigned char>(UpperChar(row[i])) : 0U);
     return v;
+}
+
+// Whether the key of a orders before the key of b, bytes compared as unsigned, as
+// std::string compares the upper-cased copies.
+bool KeyBefore(const std::string& a, const std::string& b)
+{
+    const std::size_t n = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < n; ++i) {
+        const auto x = static_cast<unsigned char>(UpperChar(a[i]));
+        const auto y = static_cast<unsigned char>(UpperChar(b[i]));
+        if (x != y)
+            return x < y;
+    }
+    return a.size() < b.size();
 }
 
 } // namespace
@@ -188,25 +200,22 @@ void ListBox::SortPending() const
     const std::size_t n = rows_.size();
     std::vector<SortEntry> order(n);
     for (std::size_t i = 0; i < n; ++i)
-        order[i] = {Packed(keys_[i], 0), Packed(keys_[i], 8), i};
+        order[i] = {Packed(rows_[i], 0), Packed(rows_[i], 8), i};
     auto less = [this](const SortEntry& a, const SortEntry& b) {
         if (a.head != b.head)
             return a.head < b.head;
         if (a.next != b.next)
             return a.next < b.next;
         // std::string compares char_traits<char>, which orders bytes as unsigned.
-        return keys_[a.index] < keys_[b.index];
+        return KeyBefore(rows_[a.index], rows_[b.index]);
     };
     std::stable_sort(order.begin() + static_cast<std::ptrdiff_t>(sortedCount_), order.end(), less);
     std::inplace_merge(order.begin(), order.begin() + static_cast<std::ptrdiff_t>(sortedCount_),
                        order.end(), less);
-    std::vector<std::string> rows(n), keys(n);
-    for (std::size_t i = 0; i < n; ++i) {
+    std::vector<std::string> rows(n);
+    for (std::size_t i = 0; i < n; ++i)
         rows[i] = std::move(rows_[order[i].index]);
-        keys[i] = std::move(keys_[order[i].index]);
-    }
     rows_ = std::move(rows);
-    keys_ = std::move(keys);
     sortedCount_ = n;
 }
 

@@ -168,7 +168,6 @@ private:
     // Sorted rows first, then rows added since the last read, merged in on demand
     // so that a load of many rows costs n log n, not n squared.
     mutable std::vector<std::string> rows_;
-    mutable std::vector<std::string> keys_;
     mutable std::size_t sortedCount_ = 0;
 };
 

@@ -43,6 +43,13 @@ constexpr std::size_t kShortLine = 32000;
 // Texts up to this length take NextLine's direct step; longer ones its element walk.
 constexpr std::int64_t kShortText = std::numeric_limits<std::int32_t>::max() - 3;
 
+// Where the line that starts at from ends: the CR of the first CR LF at or after from,
+// or npos.
+std::size_t LineEnd(std::string_view text, std::size_t from)
+{
+    return text.find(kLineEnd, from);
+}
+
 // GetNextElement's step at CR LF. Its range checks cannot fail on a text this short,
 // so the step is taken directly; a longer text takes the walk itself.
 std::string_view NextLine(Platform& platform, std::string_view text, std::int32_t& position)
@@ -57,7 +64,7 @@ std::string_view NextLine(Platform& platform, std::string_view text, std::int32_
         return {};
     }
     const auto from = static_cast<std::size_t>(position - 1);
-    const std::size_t end = text.find(kLineEnd, from);
+    const std::size_t end = LineEnd(text, from);
     if (end == std::string_view::npos) {
         position = length;
         return text.substr(from);
@@ -76,18 +83,7 @@ void IndexHeaders(std::string_view text, SectionIndex& index)
     const std::size_t length = text.size();
     std::size_t from = 0;
     while (from + 1 < length) {
-        // The CR LF that ends the line: the first LF behind a CR, at or after from.
-        std::size_t end = length;
-        for (const char* p = begin + from + 1; p < begin + length;) {
-            const auto* lf = static_cast<const char*>(std::memchr(p, '\n', begin + length - p));
-            if (lf == nullptr)
-                break;
-            if (lf[-1] == '\r') {
-                end = static_cast<std::size_t>(lf - 1 - begin);
-                break;
-            }
-            p = lf + 1;
-        }
+        const std::size_t end = std::min(LineEnd(text, from), length);
         const std::string_view line = TrimmedView(text.substr(from, end - from));
         if (line.size() >= 2 && line.front() == '[' && line.back() == ']')
             index.Add(text, static_cast<std::uint32_t>(line.data() + 1 - begin),
@@ -140,6 +136,8 @@ ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanSection(std::int32_t behind,
     if (large->pos >= length)
         return found;
     const std::string_view wanted = TrimmedView(key);
+    if (length <= kShortText && behind >= 1)
+        return ScanShortText(text, behind, wanted);
     for (;;) {
         const std::int32_t before = large->pos;
         const std::string_view line = NextLine(platform, text, large->pos);
@@ -155,6 +153,33 @@ ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanSection(std::int32_t behind,
         // A scan that cannot move on would never end.
         if (large->pos == before)
             return found;
+    }
+}
+
+ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanShortText(std::string_view text,
+                                                              std::int32_t behind,
+                                                              std::string_view wanted)
+{
+    // The same steps as the scan above where NextLine takes its direct step; a long line
+    // still takes the element walk through SplitAtEquals.
+    Scanned found;
+    const std::size_t length = text.size();
+    std::size_t from = static_cast<std::size_t>(behind - 1);
+    for (;;) {
+        const std::size_t end = std::min(LineEnd(text, from), length);
+        const std::string_view line = text.substr(from, end - from);
+        const KeyAndValue kv = SplitAtEquals(platform, line);
+        found.plain = found.plain && !kv.walked;
+        const std::string_view name = TrimmedView(kv.key);
+        if (name.size() == wanted.size() && EqualsIgnoringCase(name, wanted)) {
+            found.value = kv.value(platform, line);
+            return found;
+        }
+        const std::size_t first = line.find_first_not_of(' ');
+        // The walk stops where its position reaches the text's length.
+        if ((first != std::string_view::npos && line[first] == '[') || end + 3 >= length)
+            return found;
+        from = end + 2;
     }
 }
 

@@ -131,6 +131,8 @@ struct ProfileFiles::Impl {
         bool plain = true; // no line took the element walk, so no message was possible
     };
     Scanned ScanSection(std::int32_t behind, std::string_view key);
+    // The same scan of a text whose lines take NextLine's direct step, with the key trimmed.
+    Scanned ScanShortText(std::string_view text, std::int32_t behind, std::string_view wanted);
 
     // The section a walk visits, for the reads of its other keys.
     struct Visited {
