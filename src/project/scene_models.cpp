@@ -18,6 +18,7 @@ namespace {
 
 const std::string kModelPrefix = "Model";
 const std::string kPositionKey = "Position";
+const std::string kSltKey = "SLT";
 
 // Candidates for the object list: .SLT models and the user's misc stock objects.
 bool IsCandidate(App& app, const std::string& modelValue)
@@ -124,19 +125,16 @@ std::string ModelSection(Int32 n)
 }
 
 void ForEachModel(App& app, Int32 count,
-                  const std::function<void(Int32, std::string_view value, std::uint32_t)>& visit)
+                  const ProfileFiles::NumberedVisit& visit)
 {
     const std::string& scn = app.state.ScnFile;
     if (count < Int32(1))
         return;
-    const bool read = app.profiles.ForEachNumberedValue(
-        scn, kModelPrefix, count.value(), "SLT",
-        [&](std::int32_t n, std::string_view value, std::uint32_t distinct) {
-            visit(Int32(n), value, distinct);
-        });
+    const bool read =
+        app.profiles.ForEachNumberedValue(scn, kModelPrefix, count.value(), kSltKey, visit);
     if (!read) {
         for (Int32 n = 1; n <= count; ++n)
-            visit(n, app.profiles.GetINIString(ModelSection(n), "SLT", scn),
+            visit(n.value(), app.profiles.GetINIString(ModelSection(n), kSltKey, scn),
                   ProfileFiles::kNoDistinct);
         return;
     }

@@ -6,6 +6,7 @@
 
 #include "orientation/tile_grid.h"
 #include "support/checked.h"
+#include "support/profile.h"
 
 namespace tos {
 
@@ -25,7 +26,7 @@ TileWindow ReadTileWindowAndLinkScale(App& app);
 // past it. A scene that cannot be read is read number by number, so its
 // reader's message comes at every read.
 void ForEachModel(App& app, Int32 count,
-                  const std::function<void(Int32, std::string_view value, std::uint32_t)>& visit);
+                  const ProfileFiles::NumberedVisit& visit);
 
 // The section of model n: "Model" and the number.
 std::string ModelSection(Int32 n);

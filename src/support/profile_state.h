@@ -77,6 +77,7 @@ struct ProfileFiles::LargeFile {
     };
     static constexpr std::uint16_t kUnread = 0xFFFF;
     WalkValues walkValues;
+    std::uint64_t walkTakeovers = 0; // counts the times a walk took walkValues over
 };
 
 struct ProfileFiles::Impl {

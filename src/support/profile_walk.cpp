@@ -19,6 +19,7 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
         return false;
     LargeFile::WalkValues& known = s.large->walkValues;
     if (known.numbered != numbered || known.key != key) {
+        ++s.large->walkTakeovers;
         known = {};
         known.numbered = numbered;
         known.key = key;
@@ -31,6 +32,10 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
     std::uint64_t heldLook = 0;
     bool held = false;
     std::string byName;
+    // Whether the kept values are this walk's; a walk inside a visit may take them over
+    // for its own, which the count of takeovers tells.
+    std::uint64_t takeovers = s.large->walkTakeovers;
+    bool keeps = true;
     for (std::size_t i = 0; i < numbered->sections.size(); ++i) {
         const NumberedSection& at = numbered->sections[i];
         if (at.number > last)
@@ -50,8 +55,10 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
                 heldLook = s.look.count;
             });
         }
-        // A walk inside a visit may have taken the kept values over for its own.
-        const bool keeps = known.numbered == numbered && known.key == key;
+        if (takeovers != s.large->walkTakeovers) {
+            takeovers = s.large->walkTakeovers;
+            keeps = known.numbered == numbered && known.key == key;
+        }
         std::string_view value;
         std::uint32_t distinct = kNoDistinct;
         if (!held || at.behind < 0) {
