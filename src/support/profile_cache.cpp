@@ -74,21 +74,37 @@ std::string_view NextLine(Platform& platform, std::string_view text, std::int32_
 }
 
 // The header lines the line walk of LoadSectionCache would see in a text of at most
-// kShortText characters, added to index: the walk's lines end at CR LF, it stops once
-// a line ends one character short of the text's end or closer, and only a line that is
-// "[" name "]" between blanks can match a lookup. One pass, with no step per character.
+// kShortText characters, added to index. The walk's lines start at the text's start and
+// behind each CR LF, and it takes a line only while one more character follows its start;
+// only a line that is "[" name "]" between blanks can match a lookup. So the brackets are
+// looked for, and each one's line only where the bracket starts it.
 void IndexHeaders(std::string_view text, SectionIndex& index)
 {
     const char* const begin = text.data();
     const std::size_t length = text.size();
-    std::size_t from = 0;
-    while (from + 1 < length) {
-        const std::size_t end = std::min(LineEnd(text, from), length);
+    std::size_t at = 0;
+    while (at < length) {
+        const auto* found = static_cast<const char*>(std::memchr(begin + at, '[', length - at));
+        if (found == nullptr)
+            return;
+        const auto bracket = static_cast<std::size_t>(found - begin);
+        std::size_t from = bracket;
+        while (from > 0 && begin[from - 1] == ' ')
+            --from;
+        const bool startsLine =
+            from == 0 || (from >= 2 && begin[from - 1] == '\n' && begin[from - 2] == '\r');
+        if (!startsLine) {
+            at = bracket + 1;
+            continue;
+        }
+        if (from + 1 >= length)
+            return;
+        const std::size_t end = std::min(LineEnd(text, bracket), length);
         const std::string_view line = TrimmedView(text.substr(from, end - from));
-        if (line.size() >= 2 && line.front() == '[' && line.back() == ']')
+        if (line.size() >= 2 && line.back() == ']')
             index.Add(text, static_cast<std::uint32_t>(line.data() + 1 - begin),
                       static_cast<std::uint32_t>(line.size() - 2));
-        from = end + 2;
+        at = end + 2;
     }
 }
 
@@ -160,24 +176,46 @@ ProfileFiles::Impl::Scanned ProfileFiles::Impl::ScanShortText(std::string_view t
                                                               std::int32_t behind,
                                                               std::string_view wanted)
 {
-    // The same steps as the scan above where NextLine takes its direct step; a long line
-    // still takes the element walk through SplitAtEquals.
+    // The same steps as the scan above where NextLine takes its direct step. A short line's
+    // key is the text before its first "=" with the blanks around it dropped, so it is
+    // wanted when the line is blanks, wanted, blanks and then "=" or its end (for a wanted
+    // without "="). A long line still takes the element walk through SplitAtEquals.
     Scanned found;
+    const bool direct = wanted.find('=') == std::string_view::npos;
     const std::size_t length = text.size();
     std::size_t from = static_cast<std::size_t>(behind - 1);
     for (;;) {
         const std::size_t end = std::min(LineEnd(text, from), length);
         const std::string_view line = text.substr(from, end - from);
-        const KeyAndValue kv = SplitAtEquals(platform, line);
-        found.plain = found.plain && !kv.walked;
-        const std::string_view name = TrimmedView(kv.key);
-        if (name.size() == wanted.size() && EqualsIgnoringCase(name, wanted)) {
-            found.value = kv.value(platform, line);
-            return found;
+        std::size_t first = 0;
+        while (first < line.size() && line[first] == ' ')
+            ++first;
+        if (direct && line.size() <= kShortLine) {
+            std::size_t behindKey = first + wanted.size();
+            if (behindKey <= line.size() &&
+                EqualsIgnoringCase(line.substr(first, wanted.size()), wanted)) {
+                while (behindKey < line.size() && line[behindKey] == ' ')
+                    ++behindKey;
+                if (behindKey == line.size()) {
+                    found.value = std::string_view();
+                    return found;
+                }
+                if (line[behindKey] == '=') {
+                    const std::string_view rest = line.substr(behindKey + 1);
+                    found.value = rest.substr(0, rest.find('='));
+                    return found;
+                }
+            }
+        } else {
+            const KeyAndValue kv = SplitAtEquals(platform, line);
+            found.plain = found.plain && !kv.walked;
+            if (EqualsIgnoringCase(TrimmedView(kv.key), wanted)) {
+                found.value = kv.value(platform, line);
+                return found;
+            }
         }
-        const std::size_t first = line.find_first_not_of(' ');
         // The walk stops where its position reaches the text's length.
-        if ((first != std::string_view::npos && line[first] == '[') || end + 3 >= length)
+        if ((first < line.size() && line[first] == '[') || end + 3 >= length)
             return found;
         from = end + 2;
     }
