@@ -5,6 +5,7 @@
 #include "forms/app.h"
 #include "support/checked.h"
 #include "support/conversions.h"
+#include "support/element_view.h"
 #include "support/elements.h"
 #include "support/failure.h"
 
@@ -143,7 +144,7 @@ Vec3 WorkingVector(Platform& platform, const std::string& text)
 {
     double e[3];
     for (int i = 0; i < 3; ++i)
-        e[i] = RoundHalfEven(TextToNumber(GetElement(platform, text, ",", Int16(i))), 6);
+        e[i] = RoundHalfEven(TextToNumber(ElementOrMessage(platform, text, ",", i)), 6);
     return {e[2], (Num(e[0]) * Num(-1)).value(), e[1]};
 }
 

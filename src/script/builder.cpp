@@ -9,6 +9,7 @@
 #include "orientation/tile_grid.h"
 #include "script/script_text.h"
 #include "support/conversions.h"
+#include "support/element_view.h"
 #include "support/elements.h"
 #include "support/failure.h"
 #include "support/files.h"
@@ -83,9 +84,9 @@ private:
     {
         const std::string text =
             app_.profiles.GetINIString(section, "Position", app_.state.ScnFile);
-        Num x = TextToNumber(GetElement(app_.platform, text, ",", Int16(0)));
-        const Num y = TextToNumber(GetElement(app_.platform, text, ",", Int16(1)));
-        Num z = TextToNumber(GetElement(app_.platform, text, ",", Int16(2)));
+        Num x = TextToNumber(ElementOrMessage(app_.platform, text, ",", 0));
+        const Num y = TextToNumber(ElementOrMessage(app_.platform, text, ",", 1));
+        Num z = TextToNumber(ElementOrMessage(app_.platform, text, ",", 2));
         if (!mainTile_) {
             x = Fold(x, geometry_);
             z = Fold(z, geometry_);

@@ -133,7 +133,7 @@ std::int32_t ProfileFiles::ReadValueFromCache(const std::string& section, const 
         if (file != s.large->file || facts->stamp != s.large->stamp)
             LoadSectionCache(file);
         SetCut(buffer, defaultValue, size);
-        const std::int32_t behind = s.large->index.Find(s.large->text, TrimmedView(section));
+        const std::int32_t behind = s.large->FindSection(TrimmedView(section));
         if (behind < 0)
             return;
         if (const auto value = s.ScanSection(behind, key).value)

@@ -77,6 +77,21 @@ struct ProfileFiles::LargeFile {
     };
     static constexpr std::uint16_t kUnread = 0xFFFF;
     WalkValues walkValues;
+
+    // The place behind the header of the section name, or -1. The last answer is kept: a
+    // copy's values are read one after another from the same section.
+    std::int32_t FindSection(std::string_view name)
+    {
+        if (lastFound.generation != generation || lastFound.name != name)
+            lastFound = {std::string(name), index.Find(text, name), generation};
+        return lastFound.behind;
+    }
+    struct Found {
+        std::string name;
+        std::int32_t behind = -1;
+        std::uint64_t generation = 0;
+    };
+    Found lastFound;
     std::uint64_t walkTakeovers = 0; // counts the times a walk took walkValues over
 };
 
