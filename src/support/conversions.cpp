@@ -449,7 +449,16 @@ std::string FormatPattern(double value, std::string_view pattern)
 
     // Rounding works on the decimal digits the text form shows, not on the binary value.
     std::string scaled; // the value times 10^decimals, as whole digits
-    if (value != 0.0 && std::isfinite(value)) {
+    const double magnitude = std::fabs(value);
+    if (magnitude < 1e15 && magnitude >= 1 && magnitude == std::trunc(magnitude)) {
+        // A whole number shows all its digits among the fifteen, so nothing rounds.
+        char whole[24];
+        const auto end =
+            std::to_chars(whole, whole + sizeof whole, static_cast<long long>(magnitude)).ptr;
+        scaled.reserve(static_cast<std::size_t>(end - whole + decimals));
+        scaled.assign(whole, end);
+        scaled.append(static_cast<std::size_t>(decimals), '0');
+    } else if (value != 0.0 && std::isfinite(value)) {
         const Digits15 d = SignificantDigits(std::fabs(value));
         const int keep = d.exponent + 1 + decimals;
         if (keep >= 15) {
@@ -480,16 +489,24 @@ std::string FormatPattern(double value, std::string_view pattern)
     const auto places = static_cast<std::size_t>(decimals);
     const std::size_t total =
         std::max({digits.size(), static_cast<std::size_t>(minWhole) + places, places + 1});
-    std::string all(total - digits.size(), '0');
-    all += digits;
-
+    // The digits led by zeros to total, with the point before the last places of them.
     std::string out;
+    out.reserve(total + 2);
     if (value < 0 && !zero)
         out += '-';
-    out.append(all, 0, total - places);
+    const std::size_t zeros = total - digits.size();
+    const std::size_t wholeDigits = total - places;
+    const auto put = [&](std::size_t from, std::size_t to) {
+        // Positions from..to of the zero-led digits.
+        for (std::size_t i = from; i < std::min(to, zeros); ++i)
+            out += '0';
+        if (to > zeros)
+            out.append(digits.substr(std::max(from, zeros) - zeros, to - std::max(from, zeros)));
+    };
+    put(0, wholeDigits);
     if (places > 0) {
         out += '.';
-        out.append(all, total - places, std::string::npos);
+        put(wholeDigits, total);
     }
     return out;
 }
