@@ -448,65 +448,59 @@ std::string FormatPattern(double value, std::string_view pattern)
         pointAt == std::string_view::npos ? 0 : static_cast<int>(pattern.size() - pointAt - 1);
 
     // Rounding works on the decimal digits the text form shows, not on the binary value.
-    std::string scaled; // the value times 10^decimals, as whole digits
+    // The value times 10^decimals as whole digits: digits[0, length), then pad zeros. The
+    // first digit is never a zero, so no digits at all means zero.
+    char digits[24];
+    int length = 0;
+    std::size_t pad = 0;
     const double magnitude = std::fabs(value);
     if (magnitude < 1e15 && magnitude >= 1 && magnitude == std::trunc(magnitude)) {
         // A whole number shows all its digits among the fifteen, so nothing rounds.
-        char whole[24];
-        const auto end =
-            std::to_chars(whole, whole + sizeof whole, static_cast<long long>(magnitude)).ptr;
-        scaled.reserve(static_cast<std::size_t>(end - whole + decimals));
-        scaled.assign(whole, end);
-        scaled.append(static_cast<std::size_t>(decimals), '0');
+        length = static_cast<int>(
+            std::to_chars(digits, digits + sizeof digits, static_cast<long long>(magnitude)).ptr -
+            digits);
+        pad = static_cast<std::size_t>(decimals);
     } else if (value != 0.0 && std::isfinite(value)) {
-        const Digits15 d = SignificantDigits(std::fabs(value));
+        const Digits15 d = SignificantDigits(magnitude);
         const int keep = d.exponent + 1 + decimals;
         if (keep >= 15) {
-            scaled.assign(d.digits, 15);
-            scaled.append(static_cast<std::size_t>(keep - 15), '0');
+            std::copy_n(d.digits, 15, digits);
+            length = 15;
+            pad = static_cast<std::size_t>(keep - 15);
         } else if (keep >= 0) {
-            scaled.assign(d.digits, static_cast<std::size_t>(keep));
+            std::copy_n(d.digits, keep, digits);
+            length = keep;
             if (d.digits[keep] >= '5') {
                 int i = keep - 1;
-                for (; i >= 0 && scaled[i] == '9'; --i)
-                    scaled[i] = '0';
+                for (; i >= 0 && digits[i] == '9'; --i)
+                    digits[i] = '0';
                 if (i < 0) {
-                    std::string carried(1, '1');
-                    carried += scaled;
-                    scaled.swap(carried);
+                    std::copy_backward(digits, digits + length, digits + length + 1);
+                    digits[0] = '1';
+                    ++length;
                 } else {
-                    ++scaled[i];
+                    ++digits[i];
                 }
             }
         }
     }
-    std::string_view digits = scaled;
-    const std::size_t firstNonZero = digits.find_first_not_of('0');
-    const bool zero = firstNonZero == std::string_view::npos;
-    digits.remove_prefix(zero ? digits.size() : firstNonZero);
+    const bool zero = length == 0;
 
     // Leading zeros up to the whole digits the pattern asks for, and at least one.
     const auto places = static_cast<std::size_t>(decimals);
+    const std::size_t shown = static_cast<std::size_t>(length) + pad;
     const std::size_t total =
-        std::max({digits.size(), static_cast<std::size_t>(minWhole) + places, places + 1});
-    // The digits led by zeros to total, with the point before the last places of them.
+        std::max({shown, static_cast<std::size_t>(minWhole) + places, places + 1});
+    const std::size_t lead = total - shown;
     std::string out;
     out.reserve(total + 2);
     if (value < 0 && !zero)
         out += '-';
-    const std::size_t zeros = total - digits.size();
-    const std::size_t wholeDigits = total - places;
-    const auto put = [&](std::size_t from, std::size_t to) {
-        // Positions from..to of the zero-led digits.
-        for (std::size_t i = from; i < std::min(to, zeros); ++i)
-            out += '0';
-        if (to > zeros)
-            out.append(digits.substr(std::max(from, zeros) - zeros, to - std::max(from, zeros)));
-    };
-    put(0, wholeDigits);
-    if (places > 0) {
-        out += '.';
-        put(wholeDigits, total);
+    for (std::size_t i = 0; i < total; ++i) {
+        if (i == total - places)
+            out += '.';
+        const std::size_t at = i - lead; // wraps for the leading zeros
+        out += i >= lead && at < static_cast<std::size_t>(length) ? digits[at] : '0';
     }
     return out;
 }
