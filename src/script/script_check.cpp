@@ -99,7 +99,6 @@ private:
 
 void CheckName(Findings& findings, std::size_t line, std::string_view name)
 {
-    const std::string shown(name);
     if (name.empty()) {
         findings.Misread(line, "empty", "the object name is empty, so $ means the selection.",
                          true);
@@ -114,6 +113,7 @@ void CheckName(Findings& findings, std::size_t line, std::string_view name)
         else if (!IsNameCharacter(c))
             quotes = true;
     }
+    const std::string shown(quotes || backslash || pattern ? name : std::string_view());
     if (quotes)
         findings.Stop(line, "quotes", "the name " + shown + " needs quotes.", true);
     else if (backslash)
@@ -122,11 +122,11 @@ void CheckName(Findings& findings, std::size_t line, std::string_view name)
     else if (pattern)
         findings.Misread(line, "pattern",
                          "* and ? in the name " + shown + " match other objects too.", true);
-    const std::string upper = UpperCase(shown);
     for (std::string_view set : kObjectSets)
-        if (upper == set)
+        if (EqualsIgnoringCase(name, set))
             findings.Misread(line, "set",
-                             "$" + shown + " means a set of objects, not the object " + shown + ".",
+                             "$" + std::string(name) + " means a set of objects, not the object " +
+                                 std::string(name) + ".",
                              true);
 }
 
