@@ -152,7 +152,6 @@ struct ProfileFiles::Impl {
 
     // The section a walk visits, for the reads of its other keys.
     struct Visited {
-        bool active = false;
         bool held = false; // whether its place in the cache was known at the visit
         std::int32_t number = 0;
         std::int32_t behind = -1;
@@ -161,7 +160,8 @@ struct ProfileFiles::Impl {
         const std::string* file = nullptr;
         const std::string* prefix = nullptr;
     };
-    Visited visited;
+    // The visit in progress (the innermost one when walks nest), or nullptr.
+    const Visited* visited = nullptr;
 };
 
 } // namespace tos

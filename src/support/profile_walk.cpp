@@ -97,10 +97,10 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
             }
         }
         // A visit may read more keys of the same section, and may walk itself.
-        const Impl::Visited outer = s.visited;
-        s.visited = {
-            true,   held && at.behind >= 0, at.number, at.behind, heldLook, generation, &file,
-            &prefix};
+        const Impl::Visited* const outer = s.visited;
+        const Impl::Visited current{
+            held && at.behind >= 0, at.number, at.behind, heldLook, generation, &file, &prefix};
+        s.visited = &current;
         try {
             visit(at.number, value, distinct);
         } catch (...) {
@@ -118,12 +118,15 @@ std::string_view ProfileFiles::GetVisitedValue(const std::string& prefix, std::i
 {
     constexpr std::string_view kNotFound = "NotFound";
     Impl& s = *impl_;
-    const Impl::Visited& v = s.visited;
+    const Impl::Visited* const v = s.visited;
     // The section's place serves only while the look that showed the cache holding the
     // file is still the one a read would use; otherwise it is read by name, as any read.
-    const bool held = v.active && v.held && v.number == number && s.look.valid &&
-                      s.look.count == v.look && CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
-                      v.generation == s.large->generation && file == *v.file && prefix == *v.prefix;
+    const bool held = v != nullptr && v->held && v->number == number && s.look.valid &&
+                      s.look.count == v->look &&
+                      CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
+                      v->generation == s.large->generation &&
+                      (&file == v->file || file == *v->file) &&
+                      (&prefix == v->prefix || prefix == *v->prefix);
     if (!held) {
         char digits[16];
         const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
@@ -132,7 +135,7 @@ std::string_view ProfileFiles::GetVisitedValue(const std::string& prefix, std::i
     }
     std::string_view value = kNotFound;
     Trap([&] {
-        if (const auto found = s.ScanSection(v.behind, key).value)
+        if (const auto found = s.ScanSection(v->behind, key).value)
             value = found->substr(0, kValueSize);
     });
     return value == kNotFound ? std::string_view() : value;
