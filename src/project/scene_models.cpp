@@ -19,6 +19,8 @@ namespace {
 const std::string kModelPrefix = "Model";
 const std::string kPositionKey = "Position";
 const std::string kSltKey = "SLT";
+// Rows shorter than this split at "|" without a message.
+constexpr std::size_t kShortRow = 32000;
 
 // Candidates for the object list: .SLT models and the user's misc stock objects.
 bool IsCandidate(App& app, const std::string& modelValue)
@@ -43,9 +45,9 @@ void FirstPass(App& app, MainForm& form, const TileWindow& window)
             if (candidate(value, distinct,
                           [&](const std::string& v) { return IsCandidate(app, v); }) &&
                 IsInChosenTiles(app, window, n))
-                form.lstSCNdata1.AddItem(
-                    stem(value, distinct, [&](const std::string& v) { return Stem(app, v); }) +
-                    "|" + ModelNumberField(n));
+                form.lstSCNdata1.AddItem(RecordRow(
+                    stem(value, distinct, [&](const std::string& v) { return Stem(app, v); }),
+                    ModelNumberField(n)));
         });
 }
 
@@ -56,12 +58,18 @@ void SecondPass(App& app, MainForm& form)
     form.lstSCNdata2.Clear();
     Int32 copy = 1;
     const Int32 count = Int32(form.lstSCNdata1.ListCount().value());
+    // The stem of the next row is the stem of the row after it: a row this short takes the
+    // element walk without a message, so taking it once shows what taking it twice would.
+    std::string_view nextStem;
     for (Int32 i = 0; i <= count - 1; ++i) {
         const std::string& row = form.lstSCNdata1.List(Int16::From(i.value()));
-        form.lstSCNdata2.AddItem(row + "|" + ThreeDigitField(copy));
+        form.lstSCNdata2.AddItem(RecordRow(row, ThreeDigitField(copy)));
         const std::string& next = form.lstSCNdata1.List(Int16::From((i + 1).value()));
-        if (EqualsIgnoringCase(ElementOrMessage(app.platform, row, "|", 0),
-                               ElementOrMessage(app.platform, next, "|", 0)))
+        const std::string_view stem = i > Int32(0) && row.size() < kShortRow
+                                          ? nextStem
+                                          : ElementOrMessage(app.platform, row, "|", 0);
+        nextStem = ElementOrMessage(app.platform, next, "|", 0);
+        if (EqualsIgnoringCase(stem, nextStem))
             ++copy;
         else
             copy = 1;
@@ -80,6 +88,14 @@ void ThirdPass(App& app, MainForm& form)
 }
 
 } // namespace
+
+std::string RecordRow(std::string_view first, std::string_view second)
+{
+    std::string row;
+    row.reserve(first.size() + 1 + second.size());
+    row.append(first).append(1, '|').append(second);
+    return row;
+}
 
 std::string ModelNumberField(Int32 n)
 {

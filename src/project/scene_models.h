@@ -35,6 +35,9 @@ std::string ModelSection(Int32 n);
 // inside the window with chkMainTile checked, outside it otherwise.
 bool IsInChosenTiles(App& app, const TileWindow& window, Int32 n);
 
+// A record row of two fields: first, "|", second.
+std::string RecordRow(std::string_view first, std::string_view second);
+
 // Model number as it stands in a record row: three digits at least.
 std::string ModelNumberField(Int32 n);
 

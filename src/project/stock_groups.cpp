@@ -38,7 +38,7 @@ void ProcessStockGroup(App& app, MainForm& form, const StockGroup& group)
                     if (member(value, distinct,
                                [&](const std::string& v) { return group.isMember(app, v); }) &&
                         IsInChosenTiles(app, window, n))
-                        list.AddItem(ModelNumberField(n) + "|" + std::string(value));
+                        list.AddItem(RecordRow(ModelNumberField(n), value));
                 });
         }))
         app.Message(TrapMessageColon(group.routine, *f));
