@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "support/files.h"
@@ -37,13 +36,17 @@ struct ProfileFiles::Numbered {
     std::vector<NumberedSection> sections; // ascending, distinct numbers
 };
 
-// Hashing of strings that a string_view can look up.
-struct ViewHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view s) const noexcept
-    {
-        return std::hash<std::string_view>{}(s);
-    }
+// The distinct values a walk meets, numbered 0, 1, ... in the order they first come. A scene
+// holds few of them, so the table stays small; open addressing keeps a lookup to one probe
+// or two, with no division.
+class DistinctValues {
+public:
+    std::uint32_t NumberOf(std::string_view value);
+
+private:
+    static std::uint64_t Hash(std::string_view value);
+    std::vector<std::string> values_;
+    std::vector<std::uint32_t> slots_; // 0 for free, else number + 1
 };
 
 // Large files: the one file held in memory with an index of its section headers, and
@@ -73,7 +76,7 @@ struct ProfileFiles::LargeFile {
         std::vector<std::uint16_t> length; // kUnread for a section not read yet
         // A number per distinct value, so tests on a value are answered once per number.
         std::vector<std::uint32_t> distinct;
-        std::unordered_map<std::string, std::uint32_t, ViewHash, std::equal_to<>> numbers;
+        DistinctValues numbers;
     };
     static constexpr std::uint16_t kUnread = 0xFFFF;
     WalkValues walkValues;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <charconv>
 
 #include "support/failure.h"
@@ -6,6 +7,37 @@
 #include "support/system.h"
 
 namespace tos {
+
+std::uint64_t DistinctValues::Hash(std::string_view value)
+{
+    std::uint64_t h = 14695981039346656037ULL;
+    for (const char c : value) {
+        h ^= static_cast<unsigned char>(c);
+        h *= 1099511628211ULL;
+    }
+    return h;
+}
+
+std::uint32_t DistinctValues::NumberOf(std::string_view value)
+{
+    if (values_.size() + 1 > slots_.size() / 2) {
+        // Kept at most half full.
+        slots_.assign(std::max<std::size_t>(16, slots_.size() * 2), 0);
+        for (std::uint32_t n = 0; n < values_.size(); ++n) {
+            std::size_t slot = Hash(values_[n]) & (slots_.size() - 1);
+            while (slots_[slot] != 0)
+                slot = (slot + 1) & (slots_.size() - 1);
+            slots_[slot] = n + 1;
+        }
+    }
+    std::size_t slot = Hash(value) & (slots_.size() - 1);
+    for (; slots_[slot] != 0; slot = (slot + 1) & (slots_.size() - 1))
+        if (values_[slots_[slot] - 1] == value)
+            return slots_[slot] - 1;
+    values_.emplace_back(value);
+    slots_[slot] = static_cast<std::uint32_t>(values_.size());
+    return static_cast<std::uint32_t>(values_.size() - 1);
+}
 
 bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::string& prefix,
                                         std::int32_t last, const std::string& key,
@@ -86,13 +118,7 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
                                   ? 0
                                   : static_cast<std::uint32_t>(found.data() - s.large->text.data());
                 known.length[i] = static_cast<std::uint16_t>(found.size());
-                auto number = known.numbers.find(found);
-                if (number == known.numbers.end())
-                    number = known.numbers
-                                 .emplace(std::string(found),
-                                          static_cast<std::uint32_t>(known.numbers.size()))
-                                 .first;
-                distinct = number->second;
+                distinct = known.numbers.NumberOf(found);
                 known.distinct[i] = distinct;
             }
         }
