@@ -175,8 +175,8 @@ bool ExactDigits(double magnitude, int count, LeadingDigits& out)
             whole = low;
             ++e;
         }
-        for (int i = count - 1; i >= 0; --i, whole /= 10)
-            out.digits[i] = static_cast<char>('0' + whole % 10);
+        // whole has exactly count digits, which to_chars writes two at a time.
+        std::to_chars(out.digits, out.digits + count, whole);
         std::fill(out.digits + count, out.digits + 17, '0');
         out.exponent = e;
         return true;
