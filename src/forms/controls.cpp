@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "forms/row_order.h"
 #include "support/conversions.h"
 #include "support/failure.h"
 
@@ -157,74 +158,15 @@ const std::vector<std::string>& ListBox::Rows() const
     return rows_;
 }
 
-namespace {
-
-// The first 16 bytes of a row's key (the row upper-cased) as two numbers, zeros behind a
-// shorter key. Where they differ they order the keys as the whole keys do, a proper
-// prefix first.
-struct SortEntry {
-    std::uint64_t head, next;
-    std::size_t index;
-};
-
-std::uint64_t Packed(const std::string& row, std::size_t from)
-{
-    std::uint64_t v = 0;
-    for (std::size_t i = from; i < from + 8; ++i)
-        v = (v << 8) | (i < row.size() ? static_cast<unsigned char>(UpperChar(row[i])) : 0U);
-    return v;
-}
-
-// The order of the keys of a and b (below, equal or above zero), bytes compared as
-// unsigned, as std::string compares the upper-cased copies.
-int KeyOrder(const std::string& a, const std::string& b)
-{
-    const std::size_t n = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < n; ++i) {
-        const auto x = static_cast<unsigned char>(UpperChar(a[i]));
-        const auto y = static_cast<unsigned char>(UpperChar(b[i]));
-        if (x != y)
-            return x < y ? -1 : 1;
-    }
-    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
-}
-
-} // namespace
 
 void ListBox::SortPending() const
 {
     if (!sorted_ || sortedCount_ == rows_.size())
         return;
-    // Sort the new rows by key (equal rows in the order they were added in), then merge
-    // them behind equal rows already there.
-    const std::size_t n = rows_.size();
-    std::vector<SortEntry> order(n);
-    for (std::size_t i = 0; i < n; ++i)
-        order[i] = {Packed(rows_[i], 0), Packed(rows_[i], 8), i};
-    // Equal keys keep the order of their rows, so a plain sort gives the stable order.
-    auto less = [this](const SortEntry& a, const SortEntry& b) {
-        if (a.head != b.head)
-            return a.head < b.head;
-        if (a.next != b.next)
-            return a.next < b.next;
-        const int order = KeyOrder(rows_[a.index], rows_[b.index]);
-        return order != 0 ? order < 0 : a.index < b.index;
-    };
-    const auto added = order.begin() + static_cast<std::ptrdiff_t>(sortedCount_);
-    // Rows often come in order already (a list filled from a sorted one); then there is
-    // nothing to move.
-    if (std::is_sorted(added, order.end(), less) &&
-        (sortedCount_ == 0 || !less(*added, *(added - 1)))) {
-        sortedCount_ = n;
-        return;
-    }
-    std::sort(added, order.end(), less);
-    std::inplace_merge(order.begin(), added, order.end(), less);
-    std::vector<std::string> rows(n);
-    for (std::size_t i = 0; i < n; ++i)
-        rows[i] = std::move(rows_[order[i].index]);
-    rows_ = std::move(rows);
-    sortedCount_ = n;
+    // Rows added since the last read are merged in on demand, so that a load of many
+    // rows costs n log n, not n squared.
+    MergeRowsInOrder(rows_, sortedCount_);
+    sortedCount_ = rows_.size();
 }
 
 ComboBox::ComboBox(std::string name) : Control(name), items_(std::move(name), false) {}
