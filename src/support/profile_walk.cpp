@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 
 #include "support/failure.h"
 #include "support/profile.h"
@@ -10,12 +11,23 @@ namespace tos {
 
 std::uint64_t DistinctValues::Hash(std::string_view value)
 {
-    std::uint64_t h = 14695981039346656037ULL;
-    for (const char c : value) {
-        h ^= static_cast<unsigned char>(c);
-        h *= 1099511628211ULL;
+    // Eight bytes a step: values are a file name or so.
+    std::uint64_t h = value.size() * 0x9E3779B97F4A7C15ULL;
+    std::size_t i = 0;
+    for (; i + 8 <= value.size(); i += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, value.data() + i, 8);
+        h = (h ^ word) * 0xFF51AFD7ED558CCDULL;
+        h ^= h >> 32;
     }
-    return h;
+    std::uint64_t tail = 0;
+    if (i < value.size())
+        std::memcpy(&tail, value.data() + i, value.size() - i);
+    // The table takes the low bits, so every byte must reach them.
+    h ^= tail;
+    h = (h ^ (h >> 33)) * 0xFF51AFD7ED558CCDULL;
+    h = (h ^ (h >> 33)) * 0xC4CEB9FE1A85EC53ULL;
+    return h ^ (h >> 33);
 }
 
 std::uint32_t DistinctValues::NumberOf(std::string_view value)
