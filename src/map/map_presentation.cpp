@@ -1,7 +1,9 @@
 #include "map/map_presentation.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstdint>
 
 #include "support/conversions.h"
 
@@ -26,11 +28,69 @@ std::uint32_t KindColour(ModelKind kind)
     return 0x718096;
 }
 
-std::string MapNumber(double value)
+namespace {
+
+constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11};
+
+// Most coordinates are read from short decimals such as "1639.7": the eight-digit text
+// of such a value is that decimal, found without working out the value's digits.
+// Why it is exact: let the value be the double nearest D = W / 10^k, W whole and below
+// 10^8. It lies within 2^-53 |D| of D, far less than half a step of the eight-digit
+// grid around it (a step is at least 10^-8 |D|, and D is on the grid), so rounding the
+// value to eight significant digits gives D, which %g writes plainly (from 10^-4 on,
+// below 10^8) without trailing zeros. W comes from value * 10^k, whose error is far
+// below a half; one correctly rounded division checks that W / 10^k is the value.
+// False, with nothing appended, for any other value.
+bool AppendShortDecimal(std::string& out, double value)
+{
+    const double magnitude = std::fabs(value);
+    if (!(magnitude >= 1e-4 && magnitude < 1e8))
+        return false;
+    int k = 0; // decimals: as many as leave at most eight digits
+    while (k < 11 && magnitude * kPowersOfTen[k + 1] < 1e8)
+        ++k;
+    auto whole = static_cast<std::uint32_t>(magnitude * kPowersOfTen[k] + 0.5);
+    if (whole >= 100000000 || whole == 0 || whole / kPowersOfTen[k] != magnitude)
+        return false;
+    while (k > 0 && whole % 10 == 0) {
+        whole /= 10;
+        --k;
+    }
+    char digits[8];
+    const int count = static_cast<int>(std::to_chars(digits, digits + 8, whole).ptr - digits);
+    if (count - 1 - k < -4)
+        return false; // below 10^-4: the exponent form
+    if (value < 0)
+        out += '-';
+    if (count > k) {
+        out.append(digits, static_cast<std::size_t>(count - k));
+        if (k > 0) {
+            out += '.';
+            out.append(digits + count - k, static_cast<std::size_t>(k));
+        }
+    } else {
+        out += "0.";
+        out.append(static_cast<std::size_t>(k - count), '0');
+        out.append(digits, static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+} // namespace
+
+void AppendMapNumber(std::string& out, double value)
 {
     if (std::abs(value) < 1e-9)
-        return "0";
-    return GeneralText(value, 8);
+        out += '0';
+    else if (!AppendShortDecimal(out, value))
+        out += GeneralText(value, 8);
+}
+
+std::string MapNumber(double value)
+{
+    std::string text;
+    AppendMapNumber(text, value);
+    return text;
 }
 
 std::vector<LegendEntry> LegendOf(const SceneMap& map)
@@ -67,41 +127,87 @@ std::string StatusLine(const SceneMap& map)
 
 namespace {
 
-std::string ModelLines(const MapModel& m)
+void AppendInteger(std::string& out, long long value)
 {
-    return "Model " + std::to_string(m.number) + "\n" + m.value + "\nPosition " + MapNumber(m.x) +
-           ", " + MapNumber(m.y) + ", " + MapNumber(m.z);
+    char digits[24];
+    out.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+}
+
+void AppendModelLines(std::string& out, const MapModel& m)
+{
+    out += "Model ";
+    AppendInteger(out, m.number);
+    out += '\n';
+    out += m.value;
+    out += "\nPosition ";
+    AppendMapNumber(out, m.x);
+    out += ", ";
+    AppendMapNumber(out, m.y);
+    out += ", ";
+    AppendMapNumber(out, m.z);
 }
 
 // A placement's model; a number the scene's models lack shows alone.
-std::string ModelLines(const SceneMap& map, std::int32_t number)
+void AppendModelLines(std::string& out, const SceneMap& map, std::int32_t number)
 {
     const auto it =
         std::lower_bound(map.models.begin(), map.models.end(), number,
                          [](const MapModel& m, std::int32_t n) { return m.number < n; });
-    if (it == map.models.end() || it->number != number)
-        return "Model " + std::to_string(number);
-    return ModelLines(*it);
+    if (it != map.models.end() && it->number == number) {
+        AppendModelLines(out, *it);
+        return;
+    }
+    out += "Model ";
+    AppendInteger(out, number);
 }
 
 } // namespace
 
+void AppendModelDescription(std::string& out, const MapModel& model)
+{
+    AppendModelLines(out, model);
+    if (!model.taken)
+        out += "\nleft out of the lists by the load";
+}
+
+void AppendPlacementDescription(std::string& out, const SceneMap& map, std::size_t index,
+                                bool folded)
+{
+    const MapPlacement& p = map.placements.at(index);
+    AppendModelLines(out, map, p.number);
+    if (p.first) {
+        out += "\nfirst object, merged from the .max file";
+    } else {
+        out += "\ncopy ";
+        AppendInteger(out, static_cast<long long>(index));
+        out += " of ";
+        AppendInteger(out, static_cast<long long>(map.placements.size() - 1));
+    }
+    if (folded && p.folded) {
+        out += "\nfolded to ";
+        AppendMapNumber(out, p.folded->x);
+        out += ", ";
+        AppendMapNumber(out, p.folded->z);
+    }
+    out += "\nin 3ds Max at ";
+    AppendMapNumber(out, p.maxX);
+    out += ", ";
+    AppendMapNumber(out, p.maxY);
+    out += " (before the object scale)";
+}
+
 std::string DescribeModel(const SceneMap&, const MapModel& model)
 {
-    return ModelLines(model) + (model.taken ? "" : "\nleft out of the lists by the load");
+    std::string text;
+    AppendModelDescription(text, model);
+    return text;
 }
 
 std::string DescribePlacement(const SceneMap& map, std::size_t index, bool folded)
 {
-    const MapPlacement& p = map.placements.at(index);
-    std::string text = ModelLines(map, p.number) + "\n";
-    text += p.first ? std::string("first object, merged from the .max file")
-                    : "copy " + std::to_string(index) + " of " +
-                          std::to_string(map.placements.size() - 1);
-    if (folded && p.folded)
-        text += "\nfolded to " + MapNumber(p.folded->x) + ", " + MapNumber(p.folded->z);
-    return text + "\nin 3ds Max at " + MapNumber(p.maxX) + ", " + MapNumber(p.maxY) +
-           " (before the object scale)";
+    std::string text;
+    AppendPlacementDescription(text, map, index, folded);
+    return text;
 }
 
 } // namespace tos

@@ -33,6 +33,8 @@ inline constexpr double kMainTileOpacity = 0.45;
 
 // A coordinate as the map writes it: shortest form to eight significant digits.
 std::string MapNumber(double value);
+// The same, appended: long texts are built in one buffer.
+void AppendMapNumber(std::string& out, double value);
 
 // One line of the legend: what is drawn, and its caption.
 enum class LegendMark { Model, FaintModel, Copy, First, Folded, MainTile, FoldTile };
@@ -51,5 +53,9 @@ std::string StatusLine(const SceneMap& map);
 // the script and where it stands in 3ds Max, and for folded where it lands.
 std::string DescribeModel(const SceneMap& map, const MapModel& model);
 std::string DescribePlacement(const SceneMap& map, std::size_t index, bool folded);
+// The same texts, appended.
+void AppendModelDescription(std::string& out, const MapModel& model);
+void AppendPlacementDescription(std::string& out, const SceneMap& map, std::size_t index,
+                                bool folded);
 
 } // namespace tos

@@ -1,6 +1,7 @@
 #include "map/svg_writer.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <concepts>
@@ -18,29 +19,27 @@ namespace tos {
 
 namespace {
 
-// Joins text pieces by appending; g++ 12 warns falsely about "literal" + std::string.
-template <class... Parts> std::string Cat(const Parts&... parts)
+// The characters that stand in the document as they are.
+constexpr std::array<bool, 256> MakePlainTable()
 {
-    std::string out;
-    (out += ... += parts);
-    return out;
+    std::array<bool, 256> plain{};
+    for (int b = 0x20; b < 0x80; ++b)
+        plain[b] = b != '&' && b != '<' && b != '>' && b != '"';
+    plain['\t'] = plain['\n'] = true;
+    return plain;
 }
+constexpr std::array<bool, 256> kPlain = MakePlainTable();
 
-// A character that stands in the document as it is.
 bool IsPlain(char ch)
 {
-    const auto b = static_cast<unsigned char>(ch);
-    return b < 0x80 && (b >= 0x20 || ch == '\t' || ch == '\n') && ch != '&' && ch != '<' &&
-           ch != '>' && ch != '"';
+    return kPlain[static_cast<unsigned char>(ch)];
 }
 
 // Text content or attribute value: markup characters escaped, bytes above ASCII
 // as character references, control characters (which XML forbids) as "?". Line
 // ends stay: a hover text has several lines.
-std::string Escape(std::string_view text)
+void AppendEscaped(std::string& out, std::string_view text)
 {
-    std::string out;
-    out.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
         // Runs of plain characters go in whole.
         const std::size_t from = at;
@@ -64,12 +63,16 @@ std::string Escape(std::string_view text)
         else
             out += '?';
     }
-    return out;
 }
 
-std::string Fmt(double v)
+// A fraction in the document, as the map writes numbers.
+struct Coordinate {
+    double value;
+};
+
+Coordinate Fmt(double v)
 {
-    return MapNumber(v);
+    return {v};
 }
 
 // A colour as CSS writes it.
@@ -78,24 +81,6 @@ std::string Css(std::uint32_t rgb)
     char buffer[8];
     std::snprintf(buffer, sizeof buffer, "#%06x", static_cast<unsigned>(rgb & 0xFFFFFF));
     return buffer;
-}
-
-// A circle as path data, so that a marker and its heading make one element.
-std::string Ring(double u, double v, double r)
-{
-    const std::string rr = Fmt(r);
-    return Cat("M", Fmt(u - r), " ", Fmt(v), "a", rr, " ", rr, " 0 1 0 ", Fmt(2 * r), " 0a", rr,
-               " ", rr, " 0 1 0 ", Fmt(-2 * r), " 0");
-}
-
-// The heading as a line from the point, in picture axes (3ds Max's y points up).
-std::string Heading(double u, double v, double lookX, double lookY, double length)
-{
-    const double norm = std::hypot(lookX, lookY);
-    if (!(norm > 0))
-        return "";
-    return Cat("M", Fmt(u), " ", Fmt(v), "l", Fmt(lookX / norm * length), " ",
-               Fmt(-lookY / norm * length));
 }
 
 // The status line and the reader's notes, broken at blanks into lines of at most
@@ -124,9 +109,16 @@ std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
 // fraction must pass Fmt first.
 class Sink {
 public:
+    explicit Sink(std::size_t expected) { text_.reserve(expected); }
+
     Sink& operator<<(std::string_view text)
     {
         text_ += text;
+        return *this;
+    }
+    Sink& operator<<(Coordinate c)
+    {
+        AppendMapNumber(text_, c.value);
         return *this;
     }
     template <class C>
@@ -143,15 +135,36 @@ public:
         text_.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
         return *this;
     }
+    // Text to escape, and text that append(buffer) writes, escaped: it is written in
+    // place first, since it rarely needs escaping.
+    void Escaped(std::string_view text) { AppendEscaped(text_, text); }
+    template <std::invocable<std::string&> Append> void Escaped(Append append)
+    {
+        const std::size_t from = text_.size();
+        append(text_);
+        if (std::all_of(text_.begin() + static_cast<std::ptrdiff_t>(from), text_.end(),
+                        [](char ch) { return IsPlain(ch); }))
+            return;
+        const std::string raw = text_.substr(from);
+        text_.resize(from);
+        AppendEscaped(text_, raw);
+    }
+
     const std::string& Text() const { return text_; }
 
 private:
     std::string text_;
 };
 
+// Room for the document: a model takes somewhat less, a placement and its fold more.
+std::size_t ExpectedSize(const SceneMap& map)
+{
+    return 16384 + map.models.size() * 192 + map.placements.size() * 768;
+}
+
 class Writer {
 public:
-    explicit Writer(const SceneMap& map) : map_(map)
+    explicit Writer(const SceneMap& map) : map_(map), out_(ExpectedSize(map))
     {
         const PictureBounds b = BoundsOf(map);
         bounds_ = b;
@@ -177,7 +190,9 @@ public:
              << Fmt(pixelWidth) << "\" height=\"" << Fmt(pixelWidth * height_ / width_)
              << "\" viewBox=\"" << Fmt(left_) << " " << Fmt(top_) << " " << Fmt(width_) << " "
              << Fmt(height_) << "\">\n"
-             << "<title>Scene map of " << Escape(map_.scene) << "</title>\n";
+             << "<title>Scene map of ";
+        out_.Escaped(map_.scene);
+        out_ << "</title>\n";
         WriteStyle();
         WriteTerrain();
         WriteModels();
@@ -233,13 +248,14 @@ private:
         if (side > 0) {
             out_ << "<rect class=\"terrain\" x=\"0\" y=\"0\" width=\"" << Fmt(side)
                  << "\" height=\"" << Fmt(side) << "\"/>\n";
-            std::string grid;
-            for (int i = 1; i < map_.tiles; ++i) {
-                const std::string at = Fmt(side * i / map_.tiles);
-                grid += Cat("M", at, " 0V", Fmt(side), "M0 ", at, "H", Fmt(side));
+            if (map_.tiles > 1) {
+                out_ << "<path class=\"grid\" d=\"";
+                for (int i = 1; i < map_.tiles; ++i) {
+                    const Coordinate at = Fmt(side * i / map_.tiles);
+                    out_ << "M" << at << " 0V" << Fmt(side) << "M0 " << at << "H" << Fmt(side);
+                }
+                out_ << "\"/>\n";
             }
-            if (!grid.empty())
-                out_ << "<path class=\"grid\" d=\"" << grid << "\"/>\n";
         }
         if (!map_.mainTile && map_.tile > 0)
             out_ << "<rect id=\"fold-tile\" class=\"fold-tile\" x=\"0\" y=\"0\" width=\""
@@ -254,17 +270,40 @@ private:
     }
 
     // A browser shows an element's title as its hover text.
-    void Hover(const std::string& text) { out_ << "><title>" << Escape(text) << "</title>"; }
+    template <std::invocable<std::string&> Append> void Hover(Append append)
+    {
+        out_ << "><title>";
+        out_.Escaped(append);
+        out_ << "</title>";
+    }
+
+    // A circle as path data, so that a marker and its heading make one element.
+    void Ring(double u, double v, double r)
+    {
+        const Coordinate rr = Fmt(r);
+        out_ << "M" << Fmt(u - r) << " " << Fmt(v) << "a" << rr << " " << rr << " 0 1 0 "
+             << Fmt(2 * r) << " 0a" << rr << " " << rr << " 0 1 0 " << Fmt(-2 * r) << " 0";
+    }
+
+    // The heading as a line from the point, in picture axes (3ds Max's y points up).
+    void Heading(double u, double v, double lookX, double lookY, double length)
+    {
+        const double norm = std::hypot(lookX, lookY);
+        if (!(norm > 0))
+            return;
+        out_ << "M" << Fmt(u) << " " << Fmt(v) << "l" << Fmt(lookX / norm * length) << " "
+             << Fmt(-lookY / norm * length);
+    }
 
     void WriteModels()
     {
-        const std::string r = Fmt(0.45 * unit_);
+        const std::string r = MapNumber(0.45 * unit_);
         out_ << "<g id=\"models\">\n";
         for (const MapModel& m : map_.models) {
             out_ << "<circle class=\"" << KindClass(m.kind) << (m.taken ? " taken" : "")
                  << "\" data-model=\"" << m.number << "\" cx=\"" << Fmt(m.z) << "\" cy=\""
                  << Fmt(m.x) << "\" r=\"" << r << "\"";
-            Hover(DescribeModel(map_, m));
+            Hover([&m](std::string& out) { AppendModelDescription(out, m); });
             out_ << "</circle>\n";
         }
         out_ << "</g>\n";
@@ -278,17 +317,20 @@ private:
         for (std::size_t i = 0; i < map_.placements.size(); ++i) {
             const MapPlacement& p = map_.placements[i];
             out_ << "<path class=\"placement" << (p.first ? " first" : "") << "\" data-model=\""
-                 << p.number << "\" d=\"" << Ring(p.at.z, p.at.x, r)
-                 << Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm) << "\"";
-            Hover(DescribePlacement(map_, i, false));
+                 << p.number << "\" d=\"";
+            Ring(p.at.z, p.at.x, r);
+            Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm);
+            out_ << "\"";
+            Hover([&](std::string& out) { AppendPlacementDescription(out, map_, i, false); });
             out_ << "</path>\n";
             if (!p.folded)
                 continue;
             out_ << "<path class=\"folded\" data-model=\"" << p.number << "\" d=\"M" << Fmt(p.at.z)
-                 << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " " << Fmt(p.folded->x)
-                 << Ring(p.folded->z, p.folded->x, r)
-                 << Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm) << "\"";
-            Hover(DescribePlacement(map_, i, true));
+                 << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " " << Fmt(p.folded->x);
+            Ring(p.folded->z, p.folded->x, r);
+            Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm);
+            out_ << "\"";
+            Hover([&](std::string& out) { AppendPlacementDescription(out, map_, i, true); });
             out_ << "</path>\n";
         }
         out_ << "</g>\n";
@@ -310,7 +352,9 @@ private:
     void Text(double u, double v, const std::string& text, const char* anchor = "start")
     {
         out_ << "<text x=\"" << Fmt(u) << "\" y=\"" << Fmt(v) << "\" text-anchor=\"" << anchor
-             << "\">" << Escape(text) << "</text>\n";
+             << "\">";
+        out_.Escaped(text);
+        out_ << "</text>\n";
     }
 
     void WriteAxes()
@@ -339,7 +383,6 @@ private:
     void Mark(const LegendEntry& entry, double x, double y)
     {
         const double u = unit_;
-        const std::string ring = Ring(x + u, y, 0.9 * u);
         switch (entry.mark) {
         case LegendMark::Model:
         case LegendMark::FaintModel:
@@ -354,7 +397,9 @@ private:
                  << (entry.mark == LegendMark::Copy    ? "placement"
                      : entry.mark == LegendMark::First ? "placement first"
                                                        : "folded")
-                 << "\" d=\"" << ring << "\"/>\n";
+                 << "\" d=\"";
+            Ring(x + u, y, 0.9 * u);
+            out_ << "\"/>\n";
             return;
         case LegendMark::MainTile:
         case LegendMark::FoldTile:
@@ -390,7 +435,7 @@ private:
         const double y = bounds_.bottom + 4 * u;
         out_ << "<g id=\"scale-bar\">\n<path class=\"scale\" d=\"M" << Fmt(x) << " " << Fmt(y - u)
              << "V" << Fmt(y) << "H" << Fmt(x + length) << "V" << Fmt(y - u) << "\"/>\n";
-        Text(x + length + u, y, Fmt(length) + " scene units");
+        Text(x + length + u, y, MapNumber(length) + " scene units");
         out_ << "</g>\n";
     }
 
@@ -421,7 +466,8 @@ void WriteSvg(const SceneMap& map, std::ostream& out)
 {
     Writer writer(map);
     writer.Write();
-    out << writer.Text();
+    const std::string& text = writer.Text();
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
 } // namespace tos
