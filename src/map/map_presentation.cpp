@@ -49,30 +49,33 @@ bool AppendShortDecimal(std::string& out, double value)
     int k = 0; // decimals: as many as leave at most eight digits
     while (k < 11 && magnitude * kPowersOfTen[k + 1] < 1e8)
         ++k;
-    auto whole = static_cast<std::uint32_t>(magnitude * kPowersOfTen[k] + 0.5);
+    const auto whole = static_cast<std::uint32_t>(magnitude * kPowersOfTen[k] + 0.5);
     if (whole >= 100000000 || whole == 0 || whole / kPowersOfTen[k] != magnitude)
         return false;
-    while (k > 0 && whole % 10 == 0) {
-        whole /= 10;
-        --k;
-    }
     char digits[8];
-    const int count = static_cast<int>(std::to_chars(digits, digits + 8, whole).ptr - digits);
+    int count = static_cast<int>(std::to_chars(digits, digits + 8, whole).ptr - digits);
+    for (; k > 0 && digits[count - 1] == '0'; --k)
+        --count;
     if (count - 1 - k < -4)
         return false; // below 10^-4: the exponent form
+    // Sign, "0." and up to ten zeros, eight digits: one append.
+    char text[24];
+    char* at = text;
     if (value < 0)
-        out += '-';
+        *at++ = '-';
     if (count > k) {
-        out.append(digits, static_cast<std::size_t>(count - k));
+        at = std::copy_n(digits, count - k, at);
         if (k > 0) {
-            out += '.';
-            out.append(digits + count - k, static_cast<std::size_t>(k));
+            *at++ = '.';
+            at = std::copy_n(digits + count - k, k, at);
         }
     } else {
-        out += "0.";
-        out.append(static_cast<std::size_t>(k - count), '0');
-        out.append(digits, static_cast<std::size_t>(count));
+        *at++ = '0';
+        *at++ = '.';
+        at = std::fill_n(at, k - count, '0');
+        at = std::copy_n(digits, count, at);
     }
+    out.append(text, static_cast<std::size_t>(at - text));
     return true;
 }
 
