@@ -1,6 +1,7 @@
 #include "map/map_presentation.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -30,7 +31,13 @@ std::uint32_t KindColour(ModelKind kind)
 
 namespace {
 
-constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11};
+constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3,  1e4,  1e5, 1e6,
+                                   1e7, 1e8, 1e9, 1e10, 1e11, 1e12};
+
+char* Put(char* at, std::string_view text)
+{
+    return std::copy(text.begin(), text.end(), at);
+}
 
 // Most coordinates are read from short decimals such as "1639.7": the eight-digit text
 // of such a value is that decimal, found without working out the value's digits.
@@ -40,27 +47,27 @@ constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 
 // value to eight significant digits gives D, which %g writes plainly (from 10^-4 on,
 // below 10^8) without trailing zeros. W comes from value * 10^k, whose error is far
 // below a half; one correctly rounded division checks that W / 10^k is the value.
-// False, with nothing appended, for any other value.
-bool AppendShortDecimal(std::string& out, double value)
+// Null, with nothing written, for any other value.
+char* WriteShortDecimal(char* at, double value)
 {
     const double magnitude = std::fabs(value);
     if (!(magnitude >= 1e-4 && magnitude < 1e8))
-        return false;
-    int k = 0; // decimals: as many as leave at most eight digits
-    while (k < 11 && magnitude * kPowersOfTen[k + 1] < 1e8)
-        ++k;
+        return nullptr;
+    // Decimals that leave eight digits: the binary exponent tells the decimal one of the
+    // first digit, or one less.
+    const int binary = static_cast<int>(std::bit_cast<std::uint64_t>(magnitude) >> 52) - 1023;
+    int k = 7 - ((binary * 1233) >> 12);
+    if (magnitude * kPowersOfTen[k] >= 1e8)
+        --k;
     const auto whole = static_cast<std::uint32_t>(magnitude * kPowersOfTen[k] + 0.5);
     if (whole >= 100000000 || whole == 0 || whole / kPowersOfTen[k] != magnitude)
-        return false;
+        return nullptr;
     char digits[8];
     int count = static_cast<int>(std::to_chars(digits, digits + 8, whole).ptr - digits);
     for (; k > 0 && digits[count - 1] == '0'; --k)
         --count;
     if (count - 1 - k < -4)
-        return false; // below 10^-4: the exponent form
-    // Sign, "0." and up to ten zeros, eight digits: one append.
-    char text[24];
-    char* at = text;
+        return nullptr; // below 10^-4: the exponent form
     if (value < 0)
         *at++ = '-';
     if (count > k) {
@@ -70,23 +77,30 @@ bool AppendShortDecimal(std::string& out, double value)
             at = std::copy_n(digits + count - k, k, at);
         }
     } else {
-        *at++ = '0';
-        *at++ = '.';
+        at = Put(at, "0.");
         at = std::fill_n(at, k - count, '0');
         at = std::copy_n(digits, count, at);
     }
-    out.append(text, static_cast<std::size_t>(at - text));
-    return true;
+    return at;
 }
 
 } // namespace
 
+MapNumberText::MapNumberText(double value)
+{
+    // The longest text of eight digits is "-1.2345678e-308".
+    static_assert(sizeof text_ >= 16);
+    char* end = nullptr;
+    if (std::abs(value) < 1e-9)
+        end = Put(text_, "0");
+    else if (!(end = WriteShortDecimal(text_, value)))
+        end = Put(text_, GeneralText(value, 8));
+    size_ = static_cast<std::size_t>(end - text_);
+}
+
 void AppendMapNumber(std::string& out, double value)
 {
-    if (std::abs(value) < 1e-9)
-        out += '0';
-    else if (!AppendShortDecimal(out, value))
-        out += GeneralText(value, 8);
+    out += MapNumberText(value).View();
 }
 
 std::string MapNumber(double value)
@@ -136,18 +150,20 @@ void AppendInteger(std::string& out, long long value)
     out.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
 }
 
-void AppendModelLines(std::string& out, const MapModel& m)
+void AppendModelLines(std::string& out, const MapModel& m, const PositionText& position)
 {
-    out += "Model ";
-    AppendInteger(out, m.number);
-    out += '\n';
+    // The lines of every model of a large map: put together before few appends.
+    char head[32];
+    char* at = Put(head, "Model ");
+    at = std::to_chars(at, head + sizeof head, m.number).ptr;
+    *at++ = '\n';
+    out.append(head, static_cast<std::size_t>(at - head));
     out += m.value;
-    out += "\nPosition ";
-    AppendMapNumber(out, m.x);
-    out += ", ";
-    AppendMapNumber(out, m.y);
-    out += ", ";
-    AppendMapNumber(out, m.z);
+    char line[16 + 3 * sizeof(MapNumberText)];
+    at = Put(Put(line, "\nPosition "), position.x.View());
+    at = Put(Put(at, ", "), position.y.View());
+    at = Put(Put(at, ", "), position.z.View());
+    out.append(line, static_cast<std::size_t>(at - line));
 }
 
 // A placement's model; a number the scene's models lack shows alone.
@@ -157,7 +173,7 @@ void AppendModelLines(std::string& out, const SceneMap& map, std::int32_t number
         std::lower_bound(map.models.begin(), map.models.end(), number,
                          [](const MapModel& m, std::int32_t n) { return m.number < n; });
     if (it != map.models.end() && it->number == number) {
-        AppendModelLines(out, *it);
+        AppendModelLines(out, *it, PositionText(*it));
         return;
     }
     out += "Model ";
@@ -168,7 +184,12 @@ void AppendModelLines(std::string& out, const SceneMap& map, std::int32_t number
 
 void AppendModelDescription(std::string& out, const MapModel& model)
 {
-    AppendModelLines(out, model);
+    AppendModelDescription(out, model, PositionText(model));
+}
+
+void AppendModelDescription(std::string& out, const MapModel& model, const PositionText& position)
+{
+    AppendModelLines(out, model, position);
     if (!model.taken)
         out += "\nleft out of the lists by the load";
 }

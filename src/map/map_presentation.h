@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "map/scene_map.h"
@@ -36,6 +37,23 @@ std::string MapNumber(double value);
 // The same, appended: long texts are built in one buffer.
 void AppendMapNumber(std::string& out, double value);
 
+// The same, without an allocation, for a writer that needs a number's text twice.
+class MapNumberText {
+public:
+    explicit MapNumberText(double value);
+    std::string_view View() const { return {text_, size_}; }
+
+private:
+    char text_[24];
+    std::size_t size_;
+};
+
+// A model's position, each number written once.
+struct PositionText {
+    explicit PositionText(const MapModel& model) : x(model.x), y(model.y), z(model.z) {}
+    MapNumberText x, y, z;
+};
+
 // One line of the legend: what is drawn, and its caption.
 enum class LegendMark { Model, FaintModel, Copy, First, Folded, MainTile, FoldTile };
 struct LegendEntry {
@@ -55,6 +73,7 @@ std::string DescribeModel(const SceneMap& map, const MapModel& model);
 std::string DescribePlacement(const SceneMap& map, std::size_t index, bool folded);
 // The same texts, appended.
 void AppendModelDescription(std::string& out, const MapModel& model);
+void AppendModelDescription(std::string& out, const MapModel& model, const PositionText& position);
 void AppendPlacementDescription(std::string& out, const SceneMap& map, std::size_t index,
                                 bool folded);
 

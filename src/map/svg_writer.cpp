@@ -65,6 +65,11 @@ void AppendEscaped(std::string& out, std::string_view text)
     }
 }
 
+char* Put(char* at, std::string_view text)
+{
+    return std::copy(text.begin(), text.end(), at);
+}
+
 // A fraction in the document, as the map writes numbers.
 struct Coordinate {
     double value;
@@ -104,12 +109,13 @@ std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
     return lines;
 }
 
-// The document gathers here and goes to the stream in one write: an ostream
-// insertion per piece cost more than the pieces. Text and whole numbers go in; a
-// fraction must pass Fmt first.
+// The document gathers here and goes to the stream in large writes: an ostream
+// insertion per piece cost more than the pieces, and a buffer of the whole document
+// as much again as the document. Text and whole numbers go in; a fraction must pass
+// Fmt first.
 class Sink {
 public:
-    explicit Sink(std::size_t expected) { text_.reserve(expected); }
+    explicit Sink(std::ostream& out) : out_(out) { text_.reserve(kChunk + kChunk / 4); }
 
     Sink& operator<<(std::string_view text)
     {
@@ -150,21 +156,27 @@ public:
         AppendEscaped(text_, raw);
     }
 
-    const std::string& Text() const { return text_; }
+    // Between elements: what has gathered goes to the stream once it is a chunk.
+    void Pass()
+    {
+        if (text_.size() >= kChunk)
+            Flush();
+    }
+    void Flush()
+    {
+        out_.write(text_.data(), static_cast<std::streamsize>(text_.size()));
+        text_.clear();
+    }
 
 private:
+    static constexpr std::size_t kChunk = 1 << 16;
+    std::ostream& out_;
     std::string text_;
 };
 
-// Room for the document: a model takes somewhat less, a placement and its fold more.
-std::size_t ExpectedSize(const SceneMap& map)
-{
-    return 16384 + map.models.size() * 192 + map.placements.size() * 768;
-}
-
 class Writer {
 public:
-    explicit Writer(const SceneMap& map) : map_(map), out_(ExpectedSize(map))
+    Writer(const SceneMap& map, std::ostream& out) : map_(map), out_(out)
     {
         const PictureBounds b = BoundsOf(map);
         bounds_ = b;
@@ -202,9 +214,8 @@ public:
         WriteScaleBar();
         WriteCaptions();
         out_ << "</svg>\n";
+        out_.Flush();
     }
-
-    const std::string& Text() const { return out_.Text(); }
 
 private:
     void WriteStyle()
@@ -297,14 +308,24 @@ private:
 
     void WriteModels()
     {
-        const std::string r = MapNumber(0.45 * unit_);
+        const MapNumberText r(0.45 * unit_);
         out_ << "<g id=\"models\">\n";
         for (const MapModel& m : map_.models) {
-            out_ << "<circle class=\"" << KindClass(m.kind) << (m.taken ? " taken" : "")
-                 << "\" data-model=\"" << m.number << "\" cx=\"" << Fmt(m.z) << "\" cy=\""
-                 << Fmt(m.x) << "\" r=\"" << r << "\"";
-            Hover([&m](std::string& out) { AppendModelDescription(out, m); });
+            // A large map is mostly these elements: the start of one goes in with one append.
+            // The hover text shows the position too: its numbers are written once.
+            const PositionText position(m);
+            char head[128 + 3 * sizeof(MapNumberText)];
+            char* at = Put(head, "<circle class=\"");
+            at = Put(at, KindClass(m.kind));
+            at = Put(at, m.taken ? " taken\" data-model=\"" : "\" data-model=\"");
+            at = std::to_chars(at, head + sizeof head, m.number).ptr;
+            at = Put(Put(at, "\" cx=\""), position.z.View());
+            at = Put(Put(at, "\" cy=\""), position.x.View());
+            at = Put(Put(at, "\" r=\""), r.View());
+            out_ << std::string_view(head, static_cast<std::size_t>(at - head)) << "\"";
+            Hover([&](std::string& out) { AppendModelDescription(out, m, position); });
             out_ << "</circle>\n";
+            out_.Pass();
         }
         out_ << "</g>\n";
     }
@@ -323,6 +344,7 @@ private:
             out_ << "\"";
             Hover([&](std::string& out) { AppendPlacementDescription(out, map_, i, false); });
             out_ << "</path>\n";
+            out_.Pass();
             if (!p.folded)
                 continue;
             out_ << "<path class=\"folded\" data-model=\"" << p.number << "\" d=\"M" << Fmt(p.at.z)
@@ -464,10 +486,7 @@ private:
 
 void WriteSvg(const SceneMap& map, std::ostream& out)
 {
-    Writer writer(map);
-    writer.Write();
-    const std::string& text = writer.Text();
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    Writer(map, out).Write();
 }
 
 } // namespace tos
