@@ -19,6 +19,7 @@ namespace tos {
 namespace {
 
 constexpr std::size_t kMaxNotes = 20;
+constexpr std::int32_t kModelsReserved = 1 << 16;
 const std::string kModel = "Model";
 const std::string kPosition = "Position";
 
@@ -189,6 +190,8 @@ void SceneMapper::ReadModels(SceneMap& map)
         return;
     }
     if (auto f = Trap([&] {
+            // The declared count is only a hint: a scene may declare more than it holds.
+            map.models.reserve(static_cast<std::size_t>(std::min(count, kModelsReserved)));
             const std::vector<std::int32_t> taken = m.TakenNumbers();
             // The walk goes up the model numbers, and so does this.
             auto nextTaken = taken.begin();
