@@ -182,11 +182,6 @@ void AppendModelLines(std::string& out, const SceneMap& map, std::int32_t number
 
 } // namespace
 
-void AppendModelDescription(std::string& out, const MapModel& model)
-{
-    AppendModelDescription(out, model, PositionText(model));
-}
-
 void AppendModelDescription(std::string& out, const MapModel& model, const PositionText& position)
 {
     AppendModelLines(out, model, position);
@@ -223,7 +218,7 @@ void AppendPlacementDescription(std::string& out, const SceneMap& map, std::size
 std::string DescribeModel(const SceneMap&, const MapModel& model)
 {
     std::string text;
-    AppendModelDescription(text, model);
+    AppendModelDescription(text, model, PositionText(model));
     return text;
 }
 

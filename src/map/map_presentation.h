@@ -71,8 +71,7 @@ std::string StatusLine(const SceneMap& map);
 // the script and where it stands in 3ds Max, and for folded where it lands.
 std::string DescribeModel(const SceneMap& map, const MapModel& model);
 std::string DescribePlacement(const SceneMap& map, std::size_t index, bool folded);
-// The same texts, appended.
-void AppendModelDescription(std::string& out, const MapModel& model);
+// The same texts, appended; a model's with its position already written.
 void AppendModelDescription(std::string& out, const MapModel& model, const PositionText& position);
 void AppendPlacementDescription(std::string& out, const SceneMap& map, std::size_t index,
                                 bool folded);
