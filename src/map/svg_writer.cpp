@@ -1,80 +1,27 @@
 #include "map/svg_writer.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
-#include <concepts>
 #include <cstdio>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "forms/code_page.h"
 #include "map/map_presentation.h"
 #include "map/scene_map.h"
+#include "map/svg_sink.h"
 
 namespace tos {
 
 namespace {
-
-// The characters that stand in the document as they are.
-constexpr std::array<bool, 256> MakePlainTable()
-{
-    std::array<bool, 256> plain{};
-    for (int b = 0x20; b < 0x80; ++b)
-        plain[b] = b != '&' && b != '<' && b != '>' && b != '"';
-    plain['\t'] = plain['\n'] = true;
-    return plain;
-}
-constexpr std::array<bool, 256> kPlain = MakePlainTable();
-
-bool IsPlain(char ch)
-{
-    return kPlain[static_cast<unsigned char>(ch)];
-}
-
-// Text content or attribute value: markup characters escaped, bytes above ASCII
-// as character references, control characters (which XML forbids) as "?". Line
-// ends stay: a hover text has several lines.
-void AppendEscaped(std::string& out, std::string_view text)
-{
-    for (std::size_t at = 0; at < text.size();) {
-        // Runs of plain characters go in whole.
-        const std::size_t from = at;
-        while (at < text.size() && IsPlain(text[at]))
-            ++at;
-        out.append(text.substr(from, at - from));
-        if (at == text.size())
-            break;
-        const char ch = text[at++];
-        const auto b = static_cast<unsigned char>(ch);
-        if (ch == '&')
-            out += "&amp;";
-        else if (ch == '<')
-            out += "&lt;";
-        else if (ch == '>')
-            out += "&gt;";
-        else if (ch == '"')
-            out += "&quot;";
-        else if (b >= 0x80)
-            out += "&#" + std::to_string(static_cast<unsigned>(CharOfByte(b))) + ";";
-        else
-            out += '?';
-    }
-}
 
 char* Put(char* at, std::string_view text)
 {
     return std::copy(text.begin(), text.end(), at);
 }
 
-// A fraction in the document, as the map writes numbers.
-struct Coordinate {
-    double value;
-};
-
+// A fraction on its way into the document.
 Coordinate Fmt(double v)
 {
     return {v};
@@ -108,71 +55,6 @@ std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
     }
     return lines;
 }
-
-// The document gathers here and goes to the stream in large writes: an ostream
-// insertion per piece cost more than the pieces, and a buffer of the whole document
-// as much again as the document. Text and whole numbers go in; a fraction must pass
-// Fmt first.
-class Sink {
-public:
-    explicit Sink(std::ostream& out) : out_(out) { text_.reserve(kChunk + kChunk / 4); }
-
-    Sink& operator<<(std::string_view text)
-    {
-        text_ += text;
-        return *this;
-    }
-    Sink& operator<<(Coordinate c)
-    {
-        AppendMapNumber(text_, c.value);
-        return *this;
-    }
-    template <class C>
-    requires std::same_as<C, char> Sink& operator<<(C c)
-    {
-        text_ += c;
-        return *this;
-    }
-    // Whole numbers in plain decimal, as the stream writes them.
-    template <std::integral I>
-    requires(!std::same_as<I, char> && !std::same_as<I, bool>) Sink& operator<<(I value)
-    {
-        char digits[24];
-        text_.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
-        return *this;
-    }
-    // Text to escape, and text that append(buffer) writes, escaped: it is written in
-    // place first, since it rarely needs escaping.
-    void Escaped(std::string_view text) { AppendEscaped(text_, text); }
-    template <std::invocable<std::string&> Append> void Escaped(Append append)
-    {
-        const std::size_t from = text_.size();
-        append(text_);
-        if (std::all_of(text_.begin() + static_cast<std::ptrdiff_t>(from), text_.end(),
-                        [](char ch) { return IsPlain(ch); }))
-            return;
-        const std::string raw = text_.substr(from);
-        text_.resize(from);
-        AppendEscaped(text_, raw);
-    }
-
-    // Between elements: what has gathered goes to the stream once it is a chunk.
-    void Pass()
-    {
-        if (text_.size() >= kChunk)
-            Flush();
-    }
-    void Flush()
-    {
-        out_.write(text_.data(), static_cast<std::streamsize>(text_.size()));
-        text_.clear();
-    }
-
-private:
-    static constexpr std::size_t kChunk = 1 << 16;
-    std::ostream& out_;
-    std::string text_;
-};
 
 class Writer {
 public:
@@ -475,7 +357,7 @@ private:
     }
 
     const SceneMap& map_;
-    Sink out_;
+    SvgSink out_;
     PictureBounds bounds_;
     std::vector<std::string> captions_;
     double captionTop_ = 0;
