@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "map/scene_map.h"
@@ -33,6 +34,25 @@ inline constexpr double kMainTileOpacity = 0.45;
 
 // A coordinate as the map writes it: shortest form to eight significant digits.
 std::string MapNumber(double value);
+// The same, appended: long texts are built in one buffer.
+void AppendMapNumber(std::string& out, double value);
+
+// The same, without an allocation, for a writer that needs a number's text twice.
+class MapNumberText {
+public:
+    explicit MapNumberText(double value);
+    std::string_view View() const { return {text_, size_}; }
+
+private:
+    char text_[24];
+    std::size_t size_;
+};
+
+// A model's position, each number written once.
+struct PositionText {
+    explicit PositionText(const MapModel& model) : x(model.x), y(model.y), z(model.z) {}
+    MapNumberText x, y, z;
+};
 
 // One line of the legend: what is drawn, and its caption.
 enum class LegendMark { Model, FaintModel, Copy, First, Folded, MainTile, FoldTile };
@@ -51,5 +71,9 @@ std::string StatusLine(const SceneMap& map);
 // the script and where it stands in 3ds Max, and for folded where it lands.
 std::string DescribeModel(const SceneMap& map, const MapModel& model);
 std::string DescribePlacement(const SceneMap& map, std::size_t index, bool folded);
+// The same texts, appended; a model's with its position already written.
+void AppendModelDescription(std::string& out, const MapModel& model, const PositionText& position);
+void AppendPlacementDescription(std::string& out, const SceneMap& map, std::size_t index,
+                                bool folded);
 
 } // namespace tos

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_set>
 
 #include "forms/app.h"
 #include "forms/record_walk.h"
@@ -10,6 +9,7 @@
 #include "orientation/angles.h"
 #include "orientation/tile_grid.h"
 #include "support/conversions.h"
+#include "support/element_view.h"
 #include "support/elements.h"
 #include "support/failure.h"
 #include "support/value_memo.h"
@@ -19,6 +19,7 @@ namespace tos {
 namespace {
 
 constexpr std::size_t kMaxNotes = 20;
+constexpr std::int32_t kModelsReserved = 1 << 16;
 const std::string kModel = "Model";
 const std::string kPosition = "Position";
 
@@ -81,7 +82,7 @@ struct SceneMapper::Impl {
 
     double Element(std::string_view text, int index)
     {
-        return TextToNumber(GetElement(quiet, text, ",", Int16(index)));
+        return TextToNumber(ElementOrMessage(quiet, text, ",", index));
     }
 
     ModelKind KindOf(const std::string& value)
@@ -101,18 +102,19 @@ struct SceneMapper::Impl {
         return ModelKind::Other;
     }
 
-    // The model numbers that the builders' record lists hold.
-    std::unordered_set<std::int32_t> TakenNumbers()
+    // The model numbers that the builders' record lists hold, ascending.
+    std::vector<std::int32_t> TakenNumbers()
     {
-        std::unordered_set<std::int32_t> taken;
+        std::vector<std::int32_t> taken;
         auto collect = [&](const RecordWalk& walk) {
             for (const std::string& row : (app.main.*walk.list).Rows())
                 // A row whose number is out of range names no model.
-                (void)Trap([&] { taken.insert(ModelNumberOfRow(quiet, walk, row).value()); });
+                (void)Trap([&] { taken.push_back(ModelNumberOfRow(quiet, walk, row).value()); });
         };
         collect(kObjectRows);
         for (const RecordWalk& walk : kStockGroupRows)
             collect(walk);
+        std::sort(taken.begin(), taken.end());
         return taken;
     }
 
@@ -188,7 +190,11 @@ void SceneMapper::ReadModels(SceneMap& map)
         return;
     }
     if (auto f = Trap([&] {
-            const auto taken = m.TakenNumbers();
+            // The declared count is only a hint: a scene may declare more than it holds.
+            map.models.reserve(static_cast<std::size_t>(std::min(count, kModelsReserved)));
+            const std::vector<std::int32_t> taken = m.TakenNumbers();
+            // The walk goes up the model numbers, and so does this.
+            auto nextTaken = taken.begin();
             ValueMemo<ModelKind> kinds;
             std::string spare;
             const bool read = m.profiles.ForEachNumberedValue(
@@ -204,7 +210,9 @@ void SceneMapper::ReadModels(SceneMap& map)
                     model.x = m.Element(position, 0);
                     model.y = m.Element(position, 1);
                     model.z = m.Element(position, 2);
-                    model.taken = taken.count(n) != 0;
+                    while (nextTaken != taken.end() && *nextTaken < n)
+                        ++nextTaken;
+                    model.taken = nextTaken != taken.end() && *nextTaken == n;
                     map.models.push_back(std::move(model));
                 });
             if (!read)

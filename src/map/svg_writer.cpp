@@ -3,73 +3,28 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <concepts>
 #include <cstdio>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "forms/code_page.h"
 #include "map/map_presentation.h"
 #include "map/scene_map.h"
+#include "map/svg_sink.h"
 
 namespace tos {
 
 namespace {
 
-// Joins text pieces by appending; g++ 12 warns falsely about "literal" + std::string.
-template <class... Parts> std::string Cat(const Parts&... parts)
+char* Put(char* at, std::string_view text)
 {
-    std::string out;
-    (out += ... += parts);
-    return out;
+    return std::copy(text.begin(), text.end(), at);
 }
 
-// A character that stands in the document as it is.
-bool IsPlain(char ch)
+// A fraction on its way into the document.
+Coordinate Fmt(double v)
 {
-    const auto b = static_cast<unsigned char>(ch);
-    return b < 0x80 && (b >= 0x20 || ch == '\t' || ch == '\n') && ch != '&' && ch != '<' &&
-           ch != '>' && ch != '"';
-}
-
-// Text content or attribute value: markup characters escaped, bytes above ASCII
-// as character references, control characters (which XML forbids) as "?". Line
-// ends stay: a hover text has several lines.
-std::string Escape(std::string_view text)
-{
-    std::string out;
-    out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
-        // Runs of plain characters go in whole.
-        const std::size_t from = at;
-        while (at < text.size() && IsPlain(text[at]))
-            ++at;
-        out.append(text.substr(from, at - from));
-        if (at == text.size())
-            break;
-        const char ch = text[at++];
-        const auto b = static_cast<unsigned char>(ch);
-        if (ch == '&')
-            out += "&amp;";
-        else if (ch == '<')
-            out += "&lt;";
-        else if (ch == '>')
-            out += "&gt;";
-        else if (ch == '"')
-            out += "&quot;";
-        else if (b >= 0x80)
-            out += "&#" + std::to_string(static_cast<unsigned>(CharOfByte(b))) + ";";
-        else
-            out += '?';
-    }
-    return out;
-}
-
-std::string Fmt(double v)
-{
-    return MapNumber(v);
+    return {v};
 }
 
 // A colour as CSS writes it.
@@ -78,24 +33,6 @@ std::string Css(std::uint32_t rgb)
     char buffer[8];
     std::snprintf(buffer, sizeof buffer, "#%06x", static_cast<unsigned>(rgb & 0xFFFFFF));
     return buffer;
-}
-
-// A circle as path data, so that a marker and its heading make one element.
-std::string Ring(double u, double v, double r)
-{
-    const std::string rr = Fmt(r);
-    return Cat("M", Fmt(u - r), " ", Fmt(v), "a", rr, " ", rr, " 0 1 0 ", Fmt(2 * r), " 0a", rr,
-               " ", rr, " 0 1 0 ", Fmt(-2 * r), " 0");
-}
-
-// The heading as a line from the point, in picture axes (3ds Max's y points up).
-std::string Heading(double u, double v, double lookX, double lookY, double length)
-{
-    const double norm = std::hypot(lookX, lookY);
-    if (!(norm > 0))
-        return "";
-    return Cat("M", Fmt(u), " ", Fmt(v), "l", Fmt(lookX / norm * length), " ",
-               Fmt(-lookY / norm * length));
 }
 
 // The status line and the reader's notes, broken at blanks into lines of at most
@@ -119,39 +56,9 @@ std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
     return lines;
 }
 
-// The document gathers here and goes to the stream in one write: an ostream
-// insertion per piece cost more than the pieces. Text and whole numbers go in; a
-// fraction must pass Fmt first.
-class Sink {
-public:
-    Sink& operator<<(std::string_view text)
-    {
-        text_ += text;
-        return *this;
-    }
-    template <class C>
-    requires std::same_as<C, char> Sink& operator<<(C c)
-    {
-        text_ += c;
-        return *this;
-    }
-    // Whole numbers in plain decimal, as the stream writes them.
-    template <std::integral I>
-    requires(!std::same_as<I, char> && !std::same_as<I, bool>) Sink& operator<<(I value)
-    {
-        char digits[24];
-        text_.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
-        return *this;
-    }
-    const std::string& Text() const { return text_; }
-
-private:
-    std::string text_;
-};
-
 class Writer {
 public:
-    explicit Writer(const SceneMap& map) : map_(map)
+    Writer(const SceneMap& map, std::ostream& out) : map_(map), out_(out)
     {
         const PictureBounds b = BoundsOf(map);
         bounds_ = b;
@@ -177,7 +84,9 @@ public:
              << Fmt(pixelWidth) << "\" height=\"" << Fmt(pixelWidth * height_ / width_)
              << "\" viewBox=\"" << Fmt(left_) << " " << Fmt(top_) << " " << Fmt(width_) << " "
              << Fmt(height_) << "\">\n"
-             << "<title>Scene map of " << Escape(map_.scene) << "</title>\n";
+             << "<title>Scene map of ";
+        out_.Escaped(map_.scene);
+        out_ << "</title>\n";
         WriteStyle();
         WriteTerrain();
         WriteModels();
@@ -187,9 +96,8 @@ public:
         WriteScaleBar();
         WriteCaptions();
         out_ << "</svg>\n";
+        out_.Flush();
     }
-
-    const std::string& Text() const { return out_.Text(); }
 
 private:
     void WriteStyle()
@@ -233,13 +141,14 @@ private:
         if (side > 0) {
             out_ << "<rect class=\"terrain\" x=\"0\" y=\"0\" width=\"" << Fmt(side)
                  << "\" height=\"" << Fmt(side) << "\"/>\n";
-            std::string grid;
-            for (int i = 1; i < map_.tiles; ++i) {
-                const std::string at = Fmt(side * i / map_.tiles);
-                grid += Cat("M", at, " 0V", Fmt(side), "M0 ", at, "H", Fmt(side));
+            if (map_.tiles > 1) {
+                out_ << "<path class=\"grid\" d=\"";
+                for (int i = 1; i < map_.tiles; ++i) {
+                    const Coordinate at = Fmt(side * i / map_.tiles);
+                    out_ << "M" << at << " 0V" << Fmt(side) << "M0 " << at << "H" << Fmt(side);
+                }
+                out_ << "\"/>\n";
             }
-            if (!grid.empty())
-                out_ << "<path class=\"grid\" d=\"" << grid << "\"/>\n";
         }
         if (!map_.mainTile && map_.tile > 0)
             out_ << "<rect id=\"fold-tile\" class=\"fold-tile\" x=\"0\" y=\"0\" width=\""
@@ -254,18 +163,51 @@ private:
     }
 
     // A browser shows an element's title as its hover text.
-    void Hover(const std::string& text) { out_ << "><title>" << Escape(text) << "</title>"; }
+    template <std::invocable<std::string&> Append> void Hover(Append append)
+    {
+        out_ << "><title>";
+        out_.Escaped(append);
+        out_ << "</title>";
+    }
+
+    // A circle as path data, so that a marker and its heading make one element.
+    void Ring(double u, double v, double r)
+    {
+        const Coordinate rr = Fmt(r);
+        out_ << "M" << Fmt(u - r) << " " << Fmt(v) << "a" << rr << " " << rr << " 0 1 0 "
+             << Fmt(2 * r) << " 0a" << rr << " " << rr << " 0 1 0 " << Fmt(-2 * r) << " 0";
+    }
+
+    // The heading as a line from the point, in picture axes (3ds Max's y points up).
+    void Heading(double u, double v, double lookX, double lookY, double length)
+    {
+        const double norm = std::hypot(lookX, lookY);
+        if (!(norm > 0))
+            return;
+        out_ << "M" << Fmt(u) << " " << Fmt(v) << "l" << Fmt(lookX / norm * length) << " "
+             << Fmt(-lookY / norm * length);
+    }
 
     void WriteModels()
     {
-        const std::string r = Fmt(0.45 * unit_);
+        const MapNumberText r(0.45 * unit_);
         out_ << "<g id=\"models\">\n";
         for (const MapModel& m : map_.models) {
-            out_ << "<circle class=\"" << KindClass(m.kind) << (m.taken ? " taken" : "")
-                 << "\" data-model=\"" << m.number << "\" cx=\"" << Fmt(m.z) << "\" cy=\""
-                 << Fmt(m.x) << "\" r=\"" << r << "\"";
-            Hover(DescribeModel(map_, m));
+            // A large map is mostly these elements: the start of one goes in with one append.
+            // The hover text shows the position too: its numbers are written once.
+            const PositionText position(m);
+            char head[128 + 3 * sizeof(MapNumberText)];
+            char* at = Put(head, "<circle class=\"");
+            at = Put(at, KindClass(m.kind));
+            at = Put(at, m.taken ? " taken\" data-model=\"" : "\" data-model=\"");
+            at = std::to_chars(at, head + sizeof head, m.number).ptr;
+            at = Put(Put(at, "\" cx=\""), position.z.View());
+            at = Put(Put(at, "\" cy=\""), position.x.View());
+            at = Put(Put(at, "\" r=\""), r.View());
+            out_ << std::string_view(head, static_cast<std::size_t>(at - head)) << "\"";
+            Hover([&](std::string& out) { AppendModelDescription(out, m, position); });
             out_ << "</circle>\n";
+            out_.Pass();
         }
         out_ << "</g>\n";
     }
@@ -278,17 +220,21 @@ private:
         for (std::size_t i = 0; i < map_.placements.size(); ++i) {
             const MapPlacement& p = map_.placements[i];
             out_ << "<path class=\"placement" << (p.first ? " first" : "") << "\" data-model=\""
-                 << p.number << "\" d=\"" << Ring(p.at.z, p.at.x, r)
-                 << Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm) << "\"";
-            Hover(DescribePlacement(map_, i, false));
+                 << p.number << "\" d=\"";
+            Ring(p.at.z, p.at.x, r);
+            Heading(p.at.z, p.at.x, p.lookX, p.lookY, arm);
+            out_ << "\"";
+            Hover([&](std::string& out) { AppendPlacementDescription(out, map_, i, false); });
             out_ << "</path>\n";
+            out_.Pass();
             if (!p.folded)
                 continue;
             out_ << "<path class=\"folded\" data-model=\"" << p.number << "\" d=\"M" << Fmt(p.at.z)
-                 << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " " << Fmt(p.folded->x)
-                 << Ring(p.folded->z, p.folded->x, r)
-                 << Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm) << "\"";
-            Hover(DescribePlacement(map_, i, true));
+                 << " " << Fmt(p.at.x) << "L" << Fmt(p.folded->z) << " " << Fmt(p.folded->x);
+            Ring(p.folded->z, p.folded->x, r);
+            Heading(p.folded->z, p.folded->x, p.lookX, p.lookY, arm);
+            out_ << "\"";
+            Hover([&](std::string& out) { AppendPlacementDescription(out, map_, i, true); });
             out_ << "</path>\n";
         }
         out_ << "</g>\n";
@@ -310,7 +256,9 @@ private:
     void Text(double u, double v, const std::string& text, const char* anchor = "start")
     {
         out_ << "<text x=\"" << Fmt(u) << "\" y=\"" << Fmt(v) << "\" text-anchor=\"" << anchor
-             << "\">" << Escape(text) << "</text>\n";
+             << "\">";
+        out_.Escaped(text);
+        out_ << "</text>\n";
     }
 
     void WriteAxes()
@@ -339,7 +287,6 @@ private:
     void Mark(const LegendEntry& entry, double x, double y)
     {
         const double u = unit_;
-        const std::string ring = Ring(x + u, y, 0.9 * u);
         switch (entry.mark) {
         case LegendMark::Model:
         case LegendMark::FaintModel:
@@ -354,7 +301,9 @@ private:
                  << (entry.mark == LegendMark::Copy    ? "placement"
                      : entry.mark == LegendMark::First ? "placement first"
                                                        : "folded")
-                 << "\" d=\"" << ring << "\"/>\n";
+                 << "\" d=\"";
+            Ring(x + u, y, 0.9 * u);
+            out_ << "\"/>\n";
             return;
         case LegendMark::MainTile:
         case LegendMark::FoldTile:
@@ -390,7 +339,7 @@ private:
         const double y = bounds_.bottom + 4 * u;
         out_ << "<g id=\"scale-bar\">\n<path class=\"scale\" d=\"M" << Fmt(x) << " " << Fmt(y - u)
              << "V" << Fmt(y) << "H" << Fmt(x + length) << "V" << Fmt(y - u) << "\"/>\n";
-        Text(x + length + u, y, Fmt(length) + " scene units");
+        Text(x + length + u, y, MapNumber(length) + " scene units");
         out_ << "</g>\n";
     }
 
@@ -408,7 +357,7 @@ private:
     }
 
     const SceneMap& map_;
-    Sink out_;
+    SvgSink out_;
     PictureBounds bounds_;
     std::vector<std::string> captions_;
     double captionTop_ = 0;
@@ -419,9 +368,7 @@ private:
 
 void WriteSvg(const SceneMap& map, std::ostream& out)
 {
-    Writer writer(map);
-    writer.Write();
-    out << writer.Text();
+    Writer(map, out).Write();
 }
 
 } // namespace tos
