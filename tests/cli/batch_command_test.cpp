@@ -101,13 +101,10 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
 // The window and the command run one batch list the same way, file for file.
 TEST(BatchCommand, RunsAListAsTheWindowDoes)
 {
-    const std::string list =
-        kBatch + "[Item5]\r\nSelect=Orchard\r\nMaxFile=O.max\r\nObjectName=O\r\n"
-                 "[Item6]\r\nSelect=TREE\r\nMaxFile=C:\\Oak.max\r\nObjectName=Big Oak\r\n"
-                 "Style=max2008\r\n";
-    const std::string items = "Items=6";
-    std::string six = list;
-    six.replace(six.find("Items=4"), 7, items);
+    std::string six = kBatch + "[Item5]\r\nSelect=Orchard\r\nMaxFile=O.max\r\nObjectName=O\r\n"
+                               "[Item6]\r\nSelect=TREE\r\nMaxFile=C:\\Oak.max\r\n"
+                               "ObjectName=Big Oak\r\nStyle=max2008\r\n";
+    six.replace(six.find("Items=4"), 7, "Items=6");
 
     ScratchDir byCommand, byWindow;
     const CliResult run =

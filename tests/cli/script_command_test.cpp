@@ -51,17 +51,11 @@ TEST(ScriptCommand, BuildsAsTheWindowWouldWithEachStyleAndTheCheck)
     // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.project + testing::PrintToString(c.args));
-        std::vector<std::string> args{"script",
-                                      dir.File(c.project),
-                                      "Pine",
-                                      "--object-scale",
-                                      "50",
-                                      "--vertical-scale",
-                                      "1.5",
-                                      "--vertical-offset",
-                                      "2.0",
-                                      "--max-file",
-                                      "C:\\Models\\Tree.max"};
+        // clang-format off
+        std::vector<std::string> args{"script", dir.File(c.project), "Pine", "--object-scale", "50",
+                                      "--vertical-scale", "1.5", "--vertical-offset", "2.0",
+                                      "--max-file", "C:\\Models\\Tree.max"};
+        // clang-format on
         args.insert(args.end(), c.args.begin(), c.args.end());
         std::filesystem::remove(script);
         const CliResult run = RunCli(args, dir.Path().string());

@@ -47,22 +47,16 @@ SceneMap SmallMap()
     map.mainTile = false;
     map.tile = 50;
     map.selection = "Caf\xE9 \x80 \"1\"\x01";
-    map.models = {{.number = 7,
-                   .value = "Oak.SLT",
-                   .kind = ModelKind::Object,
-                   .x = 70,
-                   .y = 4,
-                   .z = 80,
-                   .taken = true},
-                  {.number = 8, .value = "Rock.xyz", .kind = ModelKind::Other, .x = 60, .z = 5}};
-    map.placements = {{.number = 7,
-                       .at = {70, 80},
-                       .folded = GroundPoint{20, 30},
-                       .lookX = 1,
-                       .maxX = -20,
-                       .maxY = 30,
-                       .first = true},
-                      {.number = 9, .at = {60, 90}, .folded = GroundPoint{10, 40}, .maxX = -10}};
+    // clang-format off
+    map.models = {
+        {.number = 7, .value = "Oak.SLT", .kind = ModelKind::Object, .x = 70, .y = 4, .z = 80,
+         .taken = true},
+        {.number = 8, .value = "Rock.xyz", .kind = ModelKind::Other, .x = 60, .z = 5}};
+    map.placements = {
+        {.number = 7, .at = {70, 80}, .folded = GroundPoint{20, 30}, .lookX = 1, .maxX = -20,
+         .maxY = 30, .first = true},
+        {.number = 9, .at = {60, 90}, .folded = GroundPoint{10, 40}, .maxX = -10}};
+    // clang-format on
     map.notes = {"The scene file cannot be read: C:\\Szenen\\T\xE4ler.scn"};
     return map;
 }
@@ -108,14 +102,12 @@ TEST(SvgWriter, SizePerModel)
     map.models.clear();
     map.placements.clear();
     const std::size_t empty = Svg(map).size();
+    // clang-format off
     for (std::int32_t n = 1; n <= 1000; ++n)
-        map.models.push_back({.number = 100000 + n,
-                              .value = "Tree_KV_Oak.SLT",
-                              .kind = ModelKind::TripleBale,
-                              .x = 1234.56789 + n,
-                              .y = 0,
-                              .z = -3456.78912 - n,
-                              .taken = true});
+        map.models.push_back({.number = 100000 + n, .value = "Tree_KV_Oak.SLT",
+                              .kind = ModelKind::TripleBale, .x = 1234.56789 + n, .y = 0,
+                              .z = -3456.78912 - n, .taken = true});
+    // clang-format on
     const std::string svg = Svg(map);
     EXPECT_EQ(CountModelElements(svg), 1000u);
     // The element and its hover text.

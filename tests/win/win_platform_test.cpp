@@ -106,14 +106,6 @@ TEST(WinPlatform, TheHourglassShowsAtOnceOverTheFormThatWorks)
     DestroyWindow(main);
 }
 
-TEST(WinPlatform, ScreenInTwipsAtTheScreensDpi)
-{
-    WinPlatform platform;
-    const ScreenSize screen = platform.Screen();
-    EXPECT_DOUBLE_EQ(screen.widthTwips, GetSystemMetrics(SM_CXSCREEN) * TwipsPerPixel());
-    EXPECT_EQ(TwipsToPixels(PixelsToTwips(640)), 640);
-}
-
 TEST(WinPlatform, ProgramFolderIsTheFolderOfTheRunningExe)
 {
     char exe[MAX_PATH] = {};
