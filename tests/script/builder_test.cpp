@@ -166,18 +166,19 @@ TEST(BuildScript, WritesTheExpectedScriptByteForByte)
         f.Rows(g.list, CaseRows(g.name));
         MainForm& form = f.app.main;
         form.comboSelectObject.SetText(g.selection);
-        form.chkMainTile.SetValue(g.mainTile);
-        form.txtGridRes.SetText(g.gridRes);
-        form.txtNumberOfTiles.SetText(g.tiles);
-        form.chkUseObjectScale.SetValue(g.useObjectScale);
-        form.txtObjectScale.SetText(g.objectScale);
-        form.txtGridSize.SetText(g.gridSize);
-        form.txtVerticalScale.SetText(g.verticalScale);
-        form.txtVerticalOffset.SetText(g.verticalOffset);
-        form.txtMaxFile.SetText(g.maxFile);
-        form.txtMaxObjectName.SetText(g.object);
-        form.chkMax2008.SetValue(g.max2008);
-        form.chkInstances.SetValue(g.instances);
+        using M = MainForm;
+        // clang-format off
+        for (const auto& [box, text] : {
+                 std::pair{&M::txtGridRes, g.gridRes}, {&M::txtNumberOfTiles, g.tiles},
+                 {&M::txtObjectScale, g.objectScale}, {&M::txtGridSize, g.gridSize},
+                 {&M::txtVerticalScale, g.verticalScale}, {&M::txtVerticalOffset, g.verticalOffset},
+                 {&M::txtMaxFile, g.maxFile}, {&M::txtMaxObjectName, g.object}})
+            (form.*box).SetText(text);
+        for (const auto& [box, value] : {std::pair{&M::chkMainTile, g.mainTile},
+                 {&M::chkUseObjectScale, g.useObjectScale}, {&M::chkMax2008, g.max2008},
+                 {&M::chkInstances, g.instances}})
+            (form.*box).SetValue(value);
+        // clang-format on
 
         g.build(f.app);
 
