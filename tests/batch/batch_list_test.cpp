@@ -38,11 +38,7 @@ TEST(BatchList, WritesTheProfileFormWithWhatItDoesNotReadKept)
     WriteBatchList(file, list);
     // The second item cannot run without a .max file, so it is kept unchecked.
     EXPECT_EQ(test::ReadBytes(file),
-              "; made by hand\r\n[Batch]\r\nItems=2\r\nStyle=max2008\r\nOwner=me\r\n"
-              "[Item1]\r\nSelect=Tree\r\nMaxFile=C:\\Models\\Trees.max\r\nObjectName=Pine01\r\n"
-              "VerticalScale=1.0\r\nNameFrom=maxfile\r\nColour=green\r\n"
-              "[Item2]\r\nSelect=Rock\r\nMaxFile=\r\nObjectName=Rock\r\nProcess=0\r\n"
-              "[Notes]\r\nAny=thing\r\n");
+              test::ReadBytes(std::string(TOS_TEST_DATA_DIR) + "/batch/written.tosbatch"));
     const BatchListRead read = ReadBatchList(file);
     list.items[1].process = false;
     EXPECT_TRUE(read.readable && read.problems.empty());

@@ -40,15 +40,8 @@ std::map<std::string, std::string> Files(const ScratchDir& dir)
     return files;
 }
 
-const std::string kBatch = "[Batch]\r\nItems=4\r\n"
-                           "[Item1]\r\nSelect=Tree\r\nMaxFile=C:\\Models\\Trees.max\r\n"
-                           "ObjectName=Pine01\r\nVerticalScale=1.5\r\nVerticalOffset=2.0\r\n"
-                           "[Item2]\r\nSelect=* Option 2:  All Stock Single Bales\r\n"
-                           "MaxFile=C:\\Models\\Bale.max\r\nObjectName=Bale\r\n"
-                           "[Item3]\r\nSelect=barn\r\nMaxFile=D:\\Barn.max\r\nObjectName=Barn\r\n"
-                           "VerticalOffset=-3\r\n"
-                           "[Item4]\r\nSelect=Rock\r\nMaxFile=D:\\Rock.max\r\nObjectName=Rock\r\n"
-                           "Process=0\r\n";
+// Four items: a tree, the single bales, a barn and a rock left unchecked.
+const std::string kBatch = ReadBytes(std::string(TOS_TEST_DATA_DIR) + "/batch/valley.tosbatch");
 
 TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
 {
