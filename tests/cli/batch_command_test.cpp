@@ -138,8 +138,6 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
     const Case cases[] = {
         {.name = "missing list", .list = "", .status = 1,
          .error = "The batch list @b.tosbatch cannot be read: File not found (53)."},
-        {.name = "no count", .list = "[Batch]\r\n" + tree, .status = 1,
-         .error = "@b.tosbatch: [Batch] has no whole number Items"},
         {.name = "missing key",
          .list = "[Batch]\r\nItems=2\r\n" + tree + "[Item2]\r\nSelect=Rock\r\n",
          .status = 1, .out = treeOut + "Rock: not run, no MaxFile or ObjectName\n"

@@ -89,18 +89,17 @@ TEST(CheckCommand, TellsEachFindingOfEachFileAndExitsOneWhenAny)
         int status;
         std::string out;
     };
+    const std::string stop = ":3: 3ds Max would stop at line 3: the name Big Tree needs quotes. ";
+    const std::string misread = ":4: 3ds Max would misread line 4: the path \\\\NAS\\T.MAX starts "
+                                "with \\\\, which a string reads as one backslash. ";
+    const std::string hint = "Use --style max2008.\n";
+    // clang-format off
     const Case cases[] = {
         {{clean}, 0, ""},
-        {{clean, bad},
-         1,
-         bad +
-             ":3: 3ds Max would stop at line 3: the name Big Tree needs quotes. Use --style "
-             "max2008.\n" +
-             bad +
-             ":4: 3ds Max would misread line 4: the path \\\\NAS\\T.MAX starts with \\\\, "
-             "which a string reads as one backslash. Use --style max2008.\n"},
+        {{clean, bad}, 1, bad + stop + hint + bad + misread + hint},
         {{bad, missing}, 2, ""},
     };
+    // clang-format on
     for (const Case& c : cases) {
         std::vector<std::string> args{"check"};
         args.insert(args.end(), c.files.begin(), c.files.end());
