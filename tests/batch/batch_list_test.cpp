@@ -169,9 +169,7 @@ TEST(BatchWindowModel, ClosingWithChangesSavesDiscardsOrStays)
         BatchForm& batch = app.batch;
         ConnectBatchEvents(app);
         Main(app);
-        dir.Write("Valley.scn",
-                  test::ReadBytes(std::string(TOS_SOURCE_DIR) + "/examples/Valley/Valley.scn"));
-        platform.dialogAnswers = {dir.Write("Valley.prj", "")};
+        platform.dialogAnswers = {test::CopyExampleProject(dir)};
         app.main.btnBrowseProjectFile.Click.Fire();
         app.main.btnProcessAll.Click.Fire();
         if (c.changed)

@@ -15,19 +15,11 @@
 namespace tos::test {
 namespace {
 
-const std::string kValley = std::string(TOS_SOURCE_DIR) + "/examples/Valley/";
 const std::string kProgramFolder = std::string(TOS_SOURCE_DIR) + "/resources";
 
 CliResult RunCli(const std::vector<std::string>& args)
 {
     return test::RunCli(args, kProgramFolder);
-}
-
-// A copy of the example project in a folder of its own.
-std::string CopyValley(const ScratchDir& dir)
-{
-    dir.Write("Valley.scn", ReadBytes(kValley + "Valley.scn"));
-    return dir.Write("Valley.prj", "");
 }
 
 // Every file of a folder with its bytes.
@@ -58,7 +50,7 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
         SCOPED_TRACE(perimeter);
         const std::string mode = perimeter ? "_Per_" : "_Main_";
         ScratchDir byHand, batched;
-        const std::string handProject = CopyValley(byHand);
+        const std::string handProject = CopyExampleProject(byHand);
         std::vector<std::string> combine{"combine", byHand.File("Valley" + mode + "All.ms")};
         for (const auto& single : singles) {
             std::vector<std::string> args{"script", handProject};
@@ -71,7 +63,7 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
             combine.push_back(byHand.File("Valley" + mode + name + ".ms"));
         ASSERT_EQ(RunCli(combine).status, 0);
 
-        std::vector<std::string> args{"batch", CopyValley(batched),
+        std::vector<std::string> args{"batch", CopyExampleProject(batched),
                                       batched.Write("b.tosbatch", kBatch)};
         if (perimeter)
             args.push_back("--perimeter");
@@ -101,7 +93,7 @@ TEST(BatchCommand, RunsAListAsTheWindowDoes)
 
     ScratchDir byCommand, byWindow;
     const CliResult run =
-        RunCli({"batch", CopyValley(byCommand), byCommand.Write("b.tosbatch", six)});
+        RunCli({"batch", CopyExampleProject(byCommand), byCommand.Write("b.tosbatch", six)});
     EXPECT_EQ(run.status, 0) << run.err;
 
     FakePlatform platform;
@@ -110,7 +102,7 @@ TEST(BatchCommand, RunsAListAsTheWindowDoes)
     BatchForm& batch = app.batch;
     ConnectBatchEvents(app);
     Main(app);
-    platform.dialogAnswers = {CopyValley(byWindow)};
+    platform.dialogAnswers = {CopyExampleProject(byWindow)};
     app.main.btnBrowseProjectFile.Click.Fire();
     LoadBatchList(app, batch, byWindow.Write("b.tosbatch", six));
     batch.btnRunBatch.Click.Fire();
@@ -186,7 +178,7 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
         };
         if (!c.list.empty())
             dir.Write("b.tosbatch", c.list);
-        std::vector<std::string> args{"batch", CopyValley(dir), dir.File("b.tosbatch")};
+        std::vector<std::string> args{"batch", CopyExampleProject(dir), dir.File("b.tosbatch")};
         for (const std::string& option : c.options)
             args.push_back(place(option));
         const CliResult run = RunCli(args);

@@ -66,7 +66,8 @@ TEST(ScreenTextTest, FaceStandInsAndTabStops)
     };
     // clang-format off
     const Row rows[] = {
-        {.face = "Courier New", .installed = "Courier New|Liberation Mono", .chosen = "Courier New"},
+        {.face = "Courier New", .installed = "Courier New|Liberation Mono",
+         .chosen = "Courier New"},
         {.face = "Courier New", .installed = "Liberation Mono", .chosen = "Liberation Mono"},
         {.face = "Arial", .installed = "Liberation Sans", .chosen = "Liberation Sans"},
         {.face = "Arial", .installed = "", .chosen = "Arial"},

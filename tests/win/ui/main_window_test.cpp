@@ -114,9 +114,7 @@ void ExpectMirrors(const Windows& w)
 // of the oak in the object list.
 int LoadValley(Windows& w, const ScratchDir& scratch)
 {
-    for (const char* name : {"Valley.prj", "Valley.scn"})
-        scratch.Write(name, ReadBytes(SourceFile(std::string("examples/Valley/") + name)));
-    w.platform.dialogAnswers = {scratch.File("Valley.prj")};
+    w.platform.dialogAnswers = {CopyExampleProject(scratch)};
     SendMessageA(w.Main("btnBrowseProjectFile"), BM_CLICK, 0, 0);
     Pump();
     const auto& objects = w.app.main.comboSelectObject.Items().Rows();

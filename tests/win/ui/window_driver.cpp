@@ -107,9 +107,4 @@ std::string BuildFile(const std::string& hostPath)
     return path;
 }
 
-std::string SourceFile(const std::string& relative)
-{
-    return BuildFile(std::string(TOS_SOURCE_DIR) + "/" + relative);
-}
-
 } // namespace tos::test

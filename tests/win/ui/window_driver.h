@@ -43,8 +43,6 @@ int ListCount(HWND list);
 void PickRow(HWND combo, int index);
 // The user types text into an edit field (or a combo box's).
 void Type(HWND window, const std::string& text);
-// A file of the source tree, as a Windows path.
-std::string SourceFile(const std::string& relative);
 // A path of the build machine, as a Windows path.
 std::string BuildFile(const std::string& hostPath);
 
