@@ -85,7 +85,7 @@ TEST(ScriptStyles, TheNewerStylePlacesEveryNodeAsTheClassicOneWhateverTheNames)
     // clang-format off
     const Style rows[] = {
         {.object = "Tree"},
-        {.object = "Big \"it's\" a\\b*?\xE9 L Arm"},
+        {.object = "Big \"it's\" a\\b\\*?\xE9 L \"Arm\""},
         {.object = "Tree", .maxFile = "\\\\NAS\\new\\50%\\tree.max"},
         {.object = "Big Tree", .maxFile = "\\\\NAS\\x\\n.max", .instances = true},
     };
