@@ -110,6 +110,11 @@ TEST(WinPlatform, TheHourglassShowsAtOnceOverTheFormThatWorks)
     DestroyWindow(main);
 }
 
+TEST(WinPlatform, TwipsAndPixelsConvertBothWays)
+{
+    EXPECT_EQ(TwipsToPixels(PixelsToTwips(640)), 640);
+}
+
 TEST(WinPlatform, ProgramFolderIsTheFolderOfTheRunningExe)
 {
     char exe[MAX_PATH] = {};
