@@ -13,7 +13,9 @@ namespace tos::test {
 // name; texts in the code page.
 struct ShownControl {
     std::function<std::string(const std::string&)> text, tip;
-    std::function<bool(const std::string&)> enabled, checked, readOnly;
+    std::function<bool(const std::string&)> enabled;
+    std::function<int(const std::string&)> checked; // 1 checked, 0 not, -1 neither
+    std::function<bool(const std::string&)> readOnly;
     std::function<BackColor(const std::string&)> back; // a disabled box counts as ButtonFace
 };
 
@@ -32,7 +34,7 @@ inline void ExpectMirrors(const MainForm& m, const ShownControl& shown)
         EXPECT_EQ(shown.enabled(control->Name()), control->Enabled()) << control->Name();
     }
     for (const CheckBox* box : {&m.chkMainTile, &m.chkPerimeterTile, &m.chkMax2008})
-        EXPECT_EQ(shown.checked(box->Name()), box->Checked()) << box->Name();
+        EXPECT_EQ(shown.checked(box->Name()), box->Checked() ? 1 : 0) << box->Name();
     for (const TextBox* box :
          {&m.txtProjectFilePath, &m.txtGridRes, &m.txtGridSize, &m.txtObjectScale}) {
         EXPECT_EQ(shown.readOnly(box->Name()), box->Locked()) << box->Name();

@@ -59,7 +59,11 @@ struct MainWindowTest : ::testing::Test {
             app.main, {.text = [&](auto& n) { return gui::ToCp1252(Shown(n.c_str())); },
                        .tip = [&](auto& n) { return gui::ToCp1252(Find(n.c_str())->toolTip()); },
                        .enabled = [&](auto& n) { return Find(n.c_str())->isEnabled(); },
-                       .checked = [&](auto& n) { return Find<QCheckBox>(n.c_str())->isChecked(); },
+                       .checked =
+                           [&](auto& n) {
+                               const Qt::CheckState s = Find<QCheckBox>(n.c_str())->checkState();
+                               return s == Qt::Checked ? 1 : s == Qt::Unchecked ? 0 : -1;
+                           },
                        .readOnly = [&](auto& n) { return edit(n)->isReadOnly(); },
                        .back =
                            [&](auto& n) {

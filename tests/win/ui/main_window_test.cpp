@@ -104,7 +104,8 @@ void ExpectMirrors(const Windows& w)
          .enabled = [&](auto& n) { return IsWindowEnabled(w.Main(n.c_str())) != FALSE; },
          .checked =
              [&](auto& n) {
-                 return SendMessageA(w.Main(n.c_str()), BM_GETCHECK, 0, 0) == BST_CHECKED;
+                 const LRESULT s = SendMessageA(w.Main(n.c_str()), BM_GETCHECK, 0, 0);
+                 return s == BST_CHECKED ? 1 : s == BST_UNCHECKED ? 0 : -1;
              },
          .readOnly = [&](auto& n) { return (Style(w.Main(n.c_str())) & ES_READONLY) != 0; },
          .back = back});
