@@ -2,8 +2,13 @@
 
 #include <random>
 
+#include "batch/batch_events.h"
 #include "batch/batch_list.h"
+#include "common/fake_platform.h"
 #include "common/scratch.h"
+#include "forms/app.h"
+#include "forms/batch_form.h"
+#include "shell/startup.h"
 
 namespace tos {
 namespace {
@@ -33,11 +38,7 @@ TEST(BatchList, WritesTheProfileFormWithWhatItDoesNotReadKept)
     WriteBatchList(file, list);
     // The second item cannot run without a .max file, so it is kept unchecked.
     EXPECT_EQ(test::ReadBytes(file),
-              "; made by hand\r\n[Batch]\r\nItems=2\r\nStyle=max2008\r\nOwner=me\r\n"
-              "[Item1]\r\nSelect=Tree\r\nMaxFile=C:\\Models\\Trees.max\r\nObjectName=Pine01\r\n"
-              "VerticalScale=1.0\r\nNameFrom=maxfile\r\nColour=green\r\n"
-              "[Item2]\r\nSelect=Rock\r\nMaxFile=\r\nObjectName=Rock\r\nProcess=0\r\n"
-              "[Notes]\r\nAny=thing\r\n");
+              test::ReadBytes(std::string(TOS_TEST_DATA_DIR) + "/batch/written.tosbatch"));
     const BatchListRead read = ReadBatchList(file);
     list.items[1].process = false;
     EXPECT_TRUE(read.readable && read.problems.empty());
@@ -137,6 +138,50 @@ TEST(BatchList, NamesTheFileTheItemAndTheKeyOfEachProblem)
         const BatchListRead read = ReadBatchList(dir.File("b.tosbatch"));
         EXPECT_EQ(read.problems, c.problems) << (c.text ? c.text : "no file");
         EXPECT_EQ(read.list.items.size(), c.items);
+    }
+}
+
+// Closing Process All with changes that no batch list keeps asks what to do with them.
+TEST(BatchWindowModel, ClosingWithChangesSavesDiscardsOrStays)
+{
+    struct Case {
+        const char* what;
+        bool changed;
+        MessageAnswer answer;
+        const char* saveAs; // the save dialog's answer
+        bool closed;
+        bool saved;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {.what = "no change",       .changed = false, .answer = MessageAnswer::Cancel,  .saveAs = "",  .closed = true,  .saved = false},
+        {.what = "discard",         .changed = true,  .answer = MessageAnswer::Discard, .saveAs = "",  .closed = true,  .saved = false},
+        {.what = "cancel",          .changed = true,  .answer = MessageAnswer::Cancel,  .saveAs = "",  .closed = false, .saved = false},
+        {.what = "save",            .changed = true,  .answer = MessageAnswer::Save,    .saveAs = "b", .closed = true,  .saved = true},
+        {.what = "save, no file",   .changed = true,  .answer = MessageAnswer::Save,    .saveAs = "",  .closed = false, .saved = false},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        test::ScratchDir dir;
+        test::FakePlatform platform;
+        platform.programFolder = std::string(TOS_SOURCE_DIR) + "/resources";
+        App app(platform);
+        BatchForm& batch = app.batch;
+        ConnectBatchEvents(app);
+        Main(app);
+        platform.dialogAnswers = {test::CopyExampleProject(dir)};
+        app.main.btnBrowseProjectFile.Click.Fire();
+        app.main.btnProcessAll.Click.Fire();
+        if (c.changed)
+            batch.rows.front()->txtMaxFile.SetText("T.max");
+        platform.ClearMessages();
+        platform.answers = {c.answer};
+        const std::string file = dir.File("saved.tosbatch");
+        platform.dialogAnswers = {*c.saveAs ? file : ""};
+        batch.btnClose.Click.Fire();
+        EXPECT_EQ(!batch.visible, c.closed) << c.what;
+        EXPECT_EQ(platform.messages.size(), c.changed ? 1u : 0u) << c.what;
+        EXPECT_EQ(std::filesystem::exists(file), c.saved) << c.what;
     }
 }
 

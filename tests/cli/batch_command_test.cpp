@@ -15,19 +15,11 @@
 namespace tos::test {
 namespace {
 
-const std::string kValley = std::string(TOS_SOURCE_DIR) + "/examples/Valley/";
 const std::string kProgramFolder = std::string(TOS_SOURCE_DIR) + "/resources";
 
 CliResult RunCli(const std::vector<std::string>& args)
 {
     return test::RunCli(args, kProgramFolder);
-}
-
-// A copy of the example project in a folder of its own.
-std::string CopyValley(const ScratchDir& dir)
-{
-    dir.Write("Valley.scn", ReadBytes(kValley + "Valley.scn"));
-    return dir.Write("Valley.prj", "");
 }
 
 // Every file of a folder with its bytes.
@@ -40,15 +32,8 @@ std::map<std::string, std::string> Files(const ScratchDir& dir)
     return files;
 }
 
-const std::string kBatch = "[Batch]\r\nItems=4\r\n"
-                           "[Item1]\r\nSelect=Tree\r\nMaxFile=C:\\Models\\Trees.max\r\n"
-                           "ObjectName=Pine01\r\nVerticalScale=1.5\r\nVerticalOffset=2.0\r\n"
-                           "[Item2]\r\nSelect=* Option 2:  All Stock Single Bales\r\n"
-                           "MaxFile=C:\\Models\\Bale.max\r\nObjectName=Bale\r\n"
-                           "[Item3]\r\nSelect=barn\r\nMaxFile=D:\\Barn.max\r\nObjectName=Barn\r\n"
-                           "VerticalOffset=-3\r\n"
-                           "[Item4]\r\nSelect=Rock\r\nMaxFile=D:\\Rock.max\r\nObjectName=Rock\r\n"
-                           "Process=0\r\n";
+// Four items: a tree, the single bales, a barn and a rock left unchecked.
+const std::string kBatch = ReadBytes(std::string(TOS_TEST_DATA_DIR) + "/batch/valley.tosbatch");
 
 TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
 {
@@ -65,7 +50,7 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
         SCOPED_TRACE(perimeter);
         const std::string mode = perimeter ? "_Per_" : "_Main_";
         ScratchDir byHand, batched;
-        const std::string handProject = CopyValley(byHand);
+        const std::string handProject = CopyExampleProject(byHand);
         std::vector<std::string> combine{"combine", byHand.File("Valley" + mode + "All.ms")};
         for (const auto& single : singles) {
             std::vector<std::string> args{"script", handProject};
@@ -78,7 +63,7 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
             combine.push_back(byHand.File("Valley" + mode + name + ".ms"));
         ASSERT_EQ(RunCli(combine).status, 0);
 
-        std::vector<std::string> args{"batch", CopyValley(batched),
+        std::vector<std::string> args{"batch", CopyExampleProject(batched),
                                       batched.Write("b.tosbatch", kBatch)};
         if (perimeter)
             args.push_back("--perimeter");
@@ -101,17 +86,14 @@ TEST(BatchCommand, GivesWhatSingleScriptRunsAndACombinationGive)
 // The window and the command run one batch list the same way, file for file.
 TEST(BatchCommand, RunsAListAsTheWindowDoes)
 {
-    const std::string list =
-        kBatch + "[Item5]\r\nSelect=Orchard\r\nMaxFile=O.max\r\nObjectName=O\r\n"
-                 "[Item6]\r\nSelect=TREE\r\nMaxFile=C:\\Oak.max\r\nObjectName=Big Oak\r\n"
-                 "Style=max2008\r\n";
-    const std::string items = "Items=6";
-    std::string six = list;
-    six.replace(six.find("Items=4"), 7, items);
+    std::string six = kBatch + "[Item5]\r\nSelect=Orchard\r\nMaxFile=O.max\r\nObjectName=O\r\n"
+                               "[Item6]\r\nSelect=TREE\r\nMaxFile=C:\\Oak.max\r\n"
+                               "ObjectName=Big Oak\r\nStyle=max2008\r\n";
+    six.replace(six.find("Items=4"), 7, "Items=6");
 
     ScratchDir byCommand, byWindow;
     const CliResult run =
-        RunCli({"batch", CopyValley(byCommand), byCommand.Write("b.tosbatch", six)});
+        RunCli({"batch", CopyExampleProject(byCommand), byCommand.Write("b.tosbatch", six)});
     EXPECT_EQ(run.status, 0) << run.err;
 
     FakePlatform platform;
@@ -120,7 +102,7 @@ TEST(BatchCommand, RunsAListAsTheWindowDoes)
     BatchForm& batch = app.batch;
     ConnectBatchEvents(app);
     Main(app);
-    platform.dialogAnswers = {CopyValley(byWindow)};
+    platform.dialogAnswers = {CopyExampleProject(byWindow)};
     app.main.btnBrowseProjectFile.Click.Fire();
     LoadBatchList(app, batch, byWindow.Write("b.tosbatch", six));
     batch.btnRunBatch.Click.Fire();
@@ -148,8 +130,6 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
     const Case cases[] = {
         {.name = "missing list", .list = "", .status = 1,
          .error = "The batch list @b.tosbatch cannot be read: File not found (53)."},
-        {.name = "no count", .list = "[Batch]\r\n" + tree, .status = 1,
-         .error = "@b.tosbatch: [Batch] has no whole number Items"},
         {.name = "missing key",
          .list = "[Batch]\r\nItems=2\r\n" + tree + "[Item2]\r\nSelect=Rock\r\n",
          .status = 1, .out = treeOut + "Rock: not run, no MaxFile or ObjectName\n"
@@ -198,7 +178,7 @@ TEST(BatchCommand, ReportsBadListsAndRunsTheRest)
         };
         if (!c.list.empty())
             dir.Write("b.tosbatch", c.list);
-        std::vector<std::string> args{"batch", CopyValley(dir), dir.File("b.tosbatch")};
+        std::vector<std::string> args{"batch", CopyExampleProject(dir), dir.File("b.tosbatch")};
         for (const std::string& option : c.options)
             args.push_back(place(option));
         const CliResult run = RunCli(args);

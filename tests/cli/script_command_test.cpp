@@ -51,17 +51,11 @@ TEST(ScriptCommand, BuildsAsTheWindowWouldWithEachStyleAndTheCheck)
     // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.project + testing::PrintToString(c.args));
-        std::vector<std::string> args{"script",
-                                      dir.File(c.project),
-                                      "Pine",
-                                      "--object-scale",
-                                      "50",
-                                      "--vertical-scale",
-                                      "1.5",
-                                      "--vertical-offset",
-                                      "2.0",
-                                      "--max-file",
-                                      "C:\\Models\\Tree.max"};
+        // clang-format off
+        std::vector<std::string> args{"script", dir.File(c.project), "Pine", "--object-scale", "50",
+                                      "--vertical-scale", "1.5", "--vertical-offset", "2.0",
+                                      "--max-file", "C:\\Models\\Tree.max"};
+        // clang-format on
         args.insert(args.end(), c.args.begin(), c.args.end());
         std::filesystem::remove(script);
         const CliResult run = RunCli(args, dir.Path().string());
@@ -95,18 +89,17 @@ TEST(CheckCommand, TellsEachFindingOfEachFileAndExitsOneWhenAny)
         int status;
         std::string out;
     };
+    const std::string stop = ":3: 3ds Max would stop at line 3: the name Big Tree needs quotes. ";
+    const std::string misread = ":4: 3ds Max would misread line 4: the path \\\\NAS\\T.MAX starts "
+                                "with \\\\, which a string reads as one backslash. ";
+    const std::string hint = "Use --style max2008.\n";
+    // clang-format off
     const Case cases[] = {
         {{clean}, 0, ""},
-        {{clean, bad},
-         1,
-         bad +
-             ":3: 3ds Max would stop at line 3: the name Big Tree needs quotes. Use --style "
-             "max2008.\n" +
-             bad +
-             ":4: 3ds Max would misread line 4: the path \\\\NAS\\T.MAX starts with \\\\, "
-             "which a string reads as one backslash. Use --style max2008.\n"},
+        {{clean, bad}, 1, bad + stop + hint + bad + misread + hint},
         {{bad, missing}, 2, ""},
     };
+    // clang-format on
     for (const Case& c : cases) {
         std::vector<std::string> args{"check"};
         args.insert(args.end(), c.files.begin(), c.files.end());

@@ -53,4 +53,11 @@ std::string ReadBytes(const std::string& path)
     return ss.str();
 }
 
+std::string CopyExampleProject(const ScratchDir& dir)
+{
+    const std::string example = std::string(TOS_SOURCE_DIR) + "/examples/Valley/";
+    dir.Write("Valley.scn", ReadBytes(example + "Valley.scn"));
+    return dir.Write("Valley.prj", ReadBytes(example + "Valley.prj"));
+}
+
 } // namespace tos::test

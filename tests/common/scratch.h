@@ -25,4 +25,8 @@ private:
 
 std::string ReadBytes(const std::string& path);
 
+// Copies the example project Valley, its scene and project file, into the folder;
+// returns the project file's path.
+std::string CopyExampleProject(const ScratchDir& dir);
+
 } // namespace tos::test

@@ -64,23 +64,22 @@ TEST(ScreenTextTest, FaceStandInsAndTabStops)
         const char* installed; // faces the desktop has, separated by '|'
         const char* chosen;
     };
+    // clang-format off
     const Row rows[] = {
-        {.face = "Courier New",
-         .installed = "Courier New|Liberation Mono",
+        {.face = "Courier New", .installed = "Courier New|Liberation Mono",
          .chosen = "Courier New"},
         {.face = "Courier New", .installed = "Liberation Mono", .chosen = "Liberation Mono"},
         {.face = "Arial", .installed = "Liberation Sans", .chosen = "Liberation Sans"},
         {.face = "Arial", .installed = "", .chosen = "Arial"},
         {.face = "Tahoma", .installed = "Liberation Sans", .chosen = "Tahoma"},
     };
+    // clang-format on
     for (const Row& r : rows) {
         const std::string installed = std::string("|") + r.installed + "|";
-        EXPECT_EQ(ChooseFace(r.face,
-                             [&](const std::string& face) {
-                                 return installed.find("|" + face + "|") != std::string::npos;
-                             }),
-                  r.chosen)
-            << r.face << " with " << r.installed;
+        const auto has = [&](const std::string& f) {
+            return installed.find("|" + f + "|") != std::string::npos;
+        };
+        EXPECT_EQ(ChooseFace(r.face, has), r.chosen) << r.face << " with " << r.installed;
     }
     EXPECT_TRUE(IsFixedPitchFace("Liberation Mono") && IsFixedPitchFace("Courier New"));
     EXPECT_FALSE(IsFixedPitchFace("Arial"));

@@ -22,6 +22,7 @@
 #include "gui/cp1252.h"
 #include "gui/main_window.h"
 #include "gui/qt_platform.h"
+#include "project/scene_fixture.h"
 #include "shell/startup.h"
 
 namespace tos {
@@ -42,38 +43,36 @@ struct MainWindowTest : ::testing::Test {
     }
     template <class W = QWidget> W* Find(const char* name) { return window.findChild<W*>(name); }
     QString Shown(const char* name) { return Find(name)->property("text").toString(); }
-    // Loads a scene of the given model sections through the Browse button.
-    void Load(const std::string& models, int count)
+    // Loads a scene through the Browse button.
+    void Load(const std::vector<test::SceneModel>& models)
     {
         platform.dialogAnswers = {scratch.Write("Valley.prj", "")};
-        scratch.Write("Valley.scn", "[Environment]\r\nTerrainWidth=5\r\nTerrainWidthScale=3.0\r\n"
-                                    "[StaticModels]\r\nNumberOfStaticModels=" +
-                                        std::to_string(count) + "\r\n" + models);
+        scratch.Write("Valley.scn", test::SceneText(models));
         QTest::mouseClick(Find("btnBrowseProjectFile"), Qt::LeftButton);
         Settle();
     }
-    // Each widget shows what its control in the model holds.
     void ExpectMirrors()
     {
-        const MainForm& m = app.main;
-        for (const auto& [control, text] : test::ShownTexts(m)) {
-            QWidget* widget = Find(control->Name().c_str());
-            EXPECT_EQ(Shown(control->Name().c_str()), gui::FromCp1252(text)) << control->Name();
-            EXPECT_EQ(widget->isEnabled(), control->Enabled()) << control->Name();
-        }
-        for (const CheckBox* box : {&m.chkMainTile, &m.chkPerimeterTile, &m.chkMax2008})
-            EXPECT_EQ(Find<QCheckBox>(box->Name().c_str())->isChecked(), box->Checked());
-        // Locked and disabled boxes alike have the button-face colour.
-        for (const TextBox* box :
-             {&m.txtProjectFilePath, &m.txtGridRes, &m.txtGridSize, &m.txtObjectScale}) {
-            auto* edit = Find<QLineEdit>(box->Name().c_str());
-            const bool grey = box->Back() == BackColor::ButtonFace || !box->Enabled();
-            EXPECT_EQ(edit->isReadOnly(), box->Locked()) << box->Name();
-            EXPECT_EQ(edit->palette().color(QPalette::Base),
-                      QApplication::palette().color(grey ? QPalette::Button : QPalette::Base))
-                << box->Name();
-        }
-        EXPECT_EQ(Find("txtGridRes")->toolTip(), gui::FromCp1252(m.txtGridRes.ToolTip()));
+        const auto edit = [this](const std::string& n) { return Find<QLineEdit>(n.c_str()); };
+        const QColor grey = QApplication::palette().color(QPalette::Button);
+        test::ExpectMirrors(
+            app.main, {.text = [&](auto& n) { return gui::ToCp1252(Shown(n.c_str())); },
+                       .tip = [&](auto& n) { return gui::ToCp1252(Find(n.c_str())->toolTip()); },
+                       .enabled = [&](auto& n) { return Find(n.c_str())->isEnabled(); },
+                       .checked =
+                           [&](auto& n) {
+                               const Qt::CheckState s = Find<QCheckBox>(n.c_str())->checkState();
+                               return s == Qt::Checked ? 1 : s == Qt::Unchecked ? 0 : -1;
+                           },
+                       .readOnly = [&](auto& n) { return edit(n)->isReadOnly(); },
+                       .back =
+                           [&](auto& n) {
+                               const QColor c = edit(n)->palette().color(QPalette::Base);
+                               return c == grey ? BackColor::ButtonFace
+                                      : c == QApplication::palette().color(QPalette::Base)
+                                          ? BackColor::Window
+                                          : BackColor(-1);
+                           }});
     }
     // Runs what the event loop would run next: repaints after a burst of changes.
     static void Settle()
@@ -142,9 +141,7 @@ TEST_F(MainWindowTest, ProjectLoadFillsTheObjectListAndWindowsTextGoesBothWays)
     // A window the user has dragged stays where it is.
     const QPoint dragged = window.pos() + QPoint(7, 9);
     window.move(dragged);
-    Load("[Model1]\r\nSLT=Tree_KV_Oak.SLT\r\nPosition=1920,4,2000\r\n"
-         "[Model2]\r\nSLT=Fox03.SLB\r\nPosition=1700,0,1800\r\n",
-         2);
+    Load({{"Tree_KV_Oak.SLT", "1920,4,2000"}, {"Fox03.SLB", "1700,0,1800"}});
     EXPECT_EQ(window.pos(), dragged);
     auto* combo = Find<QComboBox>("comboSelectObject");
     QStringList items;
@@ -173,15 +170,14 @@ TEST_F(MainWindowTest, ScriptListShowsEveryRowWholeAndObjectListDropsDownWideEno
 {
     // Forty copies of Tree, and thirty objects of one copy each, the last with a long name.
     const std::string longStem = "Tree_" + std::string(90, 'w');
-    std::string models;
+    std::vector<test::SceneModel> models;
     for (int n = 1; n <= 70; ++n)
-        models += "[Model" + std::to_string(n) + "]\r\nSLT=" +
-                  (n <= 40   ? "Tree"
-                   : n == 70 ? longStem
-                             : "Stem" + std::to_string(n)) +
-                  ".SLT\r\nPosition=" + std::to_string(1600 + n) +
-                  ",0,1700\r\nLookVector=-1,0,0\r\n";
-    Load(models, 70);
+        models.push_back({(n <= 40   ? "Tree"
+                           : n == 70 ? longStem
+                                     : "Stem" + std::to_string(n)) +
+                              ".SLT",
+                          std::to_string(1600 + n) + ",0,1700"});
+    Load(models);
     // A copy row names the object twice, so it is longer than the last row.
     app.main.txtMaxFile.SetText("C:\\m\\tree.max");
     app.main.txtMaxObjectName.SetText(std::string(150, 'T'));

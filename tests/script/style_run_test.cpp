@@ -13,16 +13,6 @@ using test::MaxNode;
 using test::MaxScene;
 using Lines = std::vector<std::string>;
 
-// Four copies of Tree, turned about one axis, several, or not at all; with the
-// perimeter tiles they fold.
-const std::string kScene =
-    "[Model1]\r\nSLT=Tree.SLT\r\nPosition=1920.5,4.0,2000.25\r\nLookVector=0,0,-1\r\n"
-    "UpVector=0,1,0\r\n[Model2]\r\nSLT=Tree.SLT\r\nPosition=1700.5,1.0,2850.25\r\n"
-    "LookVector=0.36,0.48,0.8\r\nUpVector=0.48,0.64,-0.6\r\n[Model3]\r\nSLT=Tree.SLT\r\n"
-    "Position=2100.0,1.0,1600.0\r\nLookVector=-0.64,0.6,0.48\r\nUpVector=0.48,0.8,-0.36\r\n"
-    "[Model4]\r\nSLT=Tree.SLT\r\nPosition=1500.0,0.0,1400.0\r\nLookVector=1,0,0\r\nUpVector=0,1,"
-    "0\r\n";
-
 struct Style {
     std::string object = "Tree";
     std::string maxFile = "C:\\Models\\Tree.max";
@@ -34,7 +24,7 @@ struct Style {
 Lines Script(const Style& style)
 {
     test::BuildFixture f;
-    f.Scene(kScene);
+    f.SceneFromCase("style_run"); // four copies of Tree, turned about one axis, several or none
     f.Rows(&MainForm::lstSCNdata2,
            {"Tree|001|001", "Tree|002|002", "Tree|003|003", "Tree|004|004"});
     MainForm& form = f.app.main;
@@ -90,20 +80,13 @@ TEST(ScriptStyles, TheNewerStylePlacesEveryNodeAsTheClassicOneWhateverTheNames)
     const MaxScene classic = RunIn(plain, {Script(plain)});
     ASSERT_EQ(classic.nodes.size(), 5u);                      // Tree, Ground, three copies
     EXPECT_NE(classic.nodes[3].rotation, MaxNode().rotation); // the turns are compared
+    // Each character a literal escapes or keeps, in a name and in a path; the newer
+    // style places with undo off, and instances share the first object's mesh.
     // clang-format off
     const Style rows[] = {
         {.object = "Tree"},
-        {.object = "Big Tree"},
-        {.object = "Big \"Tree\""},
-        {.object = "it's"},
-        {.object = "a\\b"},
-        {.object = "Tree*"},
-        {.object = "Tree?"},
-        {.object = "Caf\xE9"},
-        {.object = "Bip01 L Arm"},
-        {.object = "Tree", .maxFile = "\\\\NAS\\Models\\Tree.max"},
-        {.object = "Tree", .maxFile = "C:\\new\\tree.max"},
-        {.object = "Tree", .maxFile = "C:\\Models\\50%\\Tree.max"},
+        {.object = "Big \"it's\" a\\b\\*?\xE9 L \"Arm\""},
+        {.object = "Tree", .maxFile = "\\\\NAS\\new\\50%\\tree.max"},
         {.object = "Big Tree", .maxFile = "\\\\NAS\\x\\n.max", .instances = true},
     };
     // clang-format on
@@ -113,6 +96,12 @@ TEST(ScriptStyles, TheNewerStylePlacesEveryNodeAsTheClassicOneWhateverTheNames)
         const MaxScene modern = RunIn(style, {Script(style)});
         ExpectSameNodes(modern.nodes, classic.nodes, style.object);
         EXPECT_TRUE(modern.messageBoxes.empty());
+        for (std::size_t i = 0; i < modern.nodes.size(); ++i) {
+            EXPECT_TRUE(modern.nodes[i].madeWithUndoOff) << i;
+            EXPECT_EQ(modern.nodes[i].mesh == modern.nodes[0].mesh,
+                      i == 0 || (i > 1 && style.instances))
+                << i;
+        }
     }
     // The classic text stops at the first row that names such an object.
     const Style blank{.object = "Big Tree"};
@@ -121,17 +110,6 @@ TEST(ScriptStyles, TheNewerStylePlacesEveryNodeAsTheClassicOneWhateverTheNames)
         ADD_FAILURE() << "the classic script of Big Tree ran";
     } catch (const test::MaxScriptError& e) {
         EXPECT_EQ(e.line, 13);
-    }
-}
-
-TEST(ScriptStyles, InstancesShareTheFirstObjectsMesh)
-{
-    for (const bool instances : {false, true}) {
-        const Style style{.max2008 = true, .instances = instances};
-        const MaxScene scene = RunIn(style, {Script(style)});
-        ASSERT_EQ(scene.nodes.size(), 5u);
-        for (std::size_t i = 2; i < scene.nodes.size(); ++i)
-            EXPECT_EQ(scene.nodes[i].mesh == scene.nodes[0].mesh, instances) << i;
     }
 }
 
@@ -167,14 +145,10 @@ TEST(ScriptStyles, ScriptsOfTheSameObjectNeverTouchEachOthersNodes)
     ExpectSameNodes({twice.nodes.begin() + 5, twice.nodes.end()}, first, "Tree");
 }
 
-TEST(ScriptStyles, PlacesWithUndoOffSelectsItsNodesAndStopsCleanlyWithoutTheObject)
+TEST(ScriptStyles, StopsCleanlyWithoutTheObject)
 {
-    const Style style{.max2008 = true};
-    const MaxScene scene = RunIn(style, {Script(style)});
-    for (std::size_t i = 0; i < scene.nodes.size(); ++i)
-        EXPECT_TRUE(scene.nodes[i].madeWithUndoOff && scene.nodes[i].selected) << i;
-
     // A file without the object, and no file at all: one message, nothing placed.
+    const Style style{.max2008 = true};
     for (const std::vector<std::string>& objects : {std::vector<std::string>{"Ground"}, {}}) {
         MaxScene missing;
         if (!objects.empty())

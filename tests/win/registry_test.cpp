@@ -77,15 +77,15 @@ TEST_F(RegistryTest, StoredValuesReadWithTheLastByteDropped)
         std::string bytes;
         std::string read;
     };
+    // clang-format off
     const Row rows[] = {
         {.name = "empty text", .type = REG_SZ, .bytes = std::string(1, '\0'), .read = ""},
         {.name = "zero length", .type = REG_SZ, .bytes = "", .read = ""},
         {.name = "no terminating zero", .type = REG_BINARY, .bytes = "abc", .read = "ab"},
-        {.name = "other type, read as text",
-         .type = REG_EXPAND_SZ,
-         .bytes = std::string("%X%\0", 4),
+        {.name = "other type, read as text", .type = REG_EXPAND_SZ, .bytes = {"%X%\0", 4},
          .read = "%X%"},
     };
+    // clang-format on
     for (const Row& row : rows) {
         StoreRaw("Value", row.type, row.bytes);
         EXPECT_EQ(GetRegStr(key, "Value", HKEY_CURRENT_USER), row.read) << row.name;

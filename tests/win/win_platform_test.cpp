@@ -3,7 +3,11 @@
 #include <atomic>
 #include <string>
 #include <thread>
+#include <vector>
 
+#include "common/scratch.h"
+#include "win/platform/help_launch.h"
+#include "win/platform/win32.h"
 #include "win/platform/win_platform.h"
 
 namespace tos::win {
@@ -106,11 +110,8 @@ TEST(WinPlatform, TheHourglassShowsAtOnceOverTheFormThatWorks)
     DestroyWindow(main);
 }
 
-TEST(WinPlatform, ScreenInTwipsAtTheScreensDpi)
+TEST(WinPlatform, TwipsAndPixelsConvertBothWays)
 {
-    WinPlatform platform;
-    const ScreenSize screen = platform.Screen();
-    EXPECT_DOUBLE_EQ(screen.widthTwips, GetSystemMetrics(SM_CXSCREEN) * TwipsPerPixel());
     EXPECT_EQ(TwipsToPixels(PixelsToTwips(640)), 640);
 }
 
@@ -120,6 +121,47 @@ TEST(WinPlatform, ProgramFolderIsTheFolderOfTheRunningExe)
     GetModuleFileNameA(nullptr, exe, MAX_PATH);
     const std::string folder = WinPlatform().ProgramFolder();
     EXPECT_EQ(folder + "\\test_win_platform.exe", exe);
+}
+
+// What Explorer shows of a program: the text of its version information, and its icon.
+std::string VersionText(const std::string& exe, const std::string& name)
+{
+    DWORD ignored = 0;
+    std::vector<char> info(GetFileVersionInfoSizeA(exe.c_str(), &ignored));
+    if (info.empty() ||
+        !GetFileVersionInfoA(exe.c_str(), 0, static_cast<DWORD>(info.size()), info.data()))
+        return "";
+    char* text = nullptr;
+    UINT length = 0;
+    const std::string path = "\\StringFileInfo\\040904E4\\" + name;
+    if (!VerQueryValueA(info.data(), path.c_str(), reinterpret_cast<void**>(&text), &length))
+        return "";
+    return std::string(text);
+}
+
+TEST(Resources, TosCliCarriesVersionAndIcon)
+{
+    const std::string exe = TOS_CLI_EXE;
+    EXPECT_EQ(VersionText(exe, "ProductName"), "Tolvarine Object Scripter");
+    EXPECT_EQ(VersionText(exe, "FileVersion"), TOS_VERSION);
+    EXPECT_EQ(VersionText(exe, "OriginalFilename"), "tos-cli.exe");
+    EXPECT_EQ(ExtractIconExA(exe.c_str(), -1, nullptr, nullptr, 0), 1u);
+}
+
+TEST(LaunchDocument, FailureIsReportedAsFalse)
+{
+    test::ScratchDir dir;
+    struct Row {
+        const char* name;
+        std::string file;
+    };
+    const Row rows[] = {
+        {.name = "missing file", .file = dir.File("TOS_Help.html")},
+        {.name = "missing folder", .file = dir.File("gone\\TOS_Help.html")},
+        {.name = "no handler for the type", .file = dir.Write("help.tosnohandler", "x")},
+    };
+    for (const Row& row : rows)
+        EXPECT_FALSE(LaunchDocument(row.file)) << row.name;
 }
 
 } // namespace

@@ -9,23 +9,6 @@
 namespace tos::test {
 namespace {
 
-// What the user does while the combiner's modal loop runs, started from a timer
-// inside that loop.
-std::function<void()> inTheLoop;
-
-void CALLBACK RunInTheLoop(HWND, UINT, UINT_PTR timer, DWORD)
-{
-    KillTimer(nullptr, timer);
-    inTheLoop();
-}
-
-void OpenCombinerAnd(Windows& w, std::function<void()> user)
-{
-    inTheLoop = std::move(user);
-    SetTimer(nullptr, 0, 0, &RunInTheLoop);
-    SendMessageA(w.Main("btnRunScriptCompiler"), BM_CLICK, 0, 0);
-}
-
 TEST(CompilerWindowTest, ModalDialogInTabOrderThatAddsFilesAndClosesAsDone)
 {
     ScratchDir scratch;
@@ -56,21 +39,18 @@ TEST(CompilerWindowTest, ModalDialogInTabOrderThatAddsFilesAndClosesAsDone)
         {.by = "close box", .leave = [&] { SendMessageA(dialog, WM_CLOSE, 0, 0); }},
     };
     for (const Leave& l : leaves) {
-        bool ran = false;
-        OpenCombinerAnd(w, [&] {
-            ran = true;
-            Pump();
-            HWND list = w.Compiler("lstMaxScripts");
-            EXPECT_TRUE(IsWindowVisible(dialog) && !IsWindowEnabled(w.main.Handle()));
-            EXPECT_EQ(ListCount(list), 0);
-            w.platform.dialogAnswers = {script};
-            SendMessageA(w.Compiler("btnAddFile"), BM_CLICK, 0, 0);
-            Pump();
-            EXPECT_EQ(ListCount(list), 5);
-            EXPECT_EQ(ListRow(list, 2) + "|" + ListRow(list, 3), "three|");
-            l.leave();
-        });
-        EXPECT_TRUE(ran) << l.by;
+        ClickAndDo(w.Main("btnRunScriptCompiler"), {[&] {
+                       Pump();
+                       HWND list = w.Compiler("lstMaxScripts");
+                       EXPECT_TRUE(IsWindowVisible(dialog) && !IsWindowEnabled(w.main.Handle()));
+                       EXPECT_EQ(ListCount(list), 0);
+                       w.platform.dialogAnswers = {script};
+                       SendMessageA(w.Compiler("btnAddFile"), BM_CLICK, 0, 0);
+                       Pump();
+                       EXPECT_EQ(ListCount(list), 5);
+                       EXPECT_EQ(ListRow(list, 2) + "|" + ListRow(list, 3), "three|");
+                       l.leave();
+                   }});
         EXPECT_TRUE(!IsWindowVisible(dialog) && IsWindowEnabled(w.main.Handle())) << l.by;
     }
 }

@@ -85,8 +85,7 @@ void ChooseInOpenDialog(DWORD processId, const char* title, const std::string& p
 TEST(ProgramTest, LoadsTheExampleProjectAndWritesTheScriptOfAnObject)
 {
     ScratchDir scratch;
-    for (const char* name : {"Valley.prj", "Valley.scn"})
-        scratch.Write(name, ReadBytes(SourceFile(std::string("examples/Valley/") + name)));
+    CopyExampleProject(scratch);
     std::string program = BuildFile(TOS_PROGRAM);
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <gtest/gtest.h>
+
 #include <vector>
 
 #include "batch/batch_events.h"
@@ -30,6 +32,31 @@ void Pump()
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
+}
+
+namespace {
+
+std::deque<std::function<void()>> userSteps;
+
+void CALLBACK NextStep(HWND, UINT, UINT_PTR timer, DWORD)
+{
+    KillTimer(nullptr, timer);
+    auto step = std::move(userSteps.front());
+    userSteps.pop_front();
+    if (!userSteps.empty())
+        SetTimer(nullptr, 0, 0, &NextStep);
+    step();
+}
+
+} // namespace
+
+void ClickAndDo(HWND button, std::deque<std::function<void()>> steps)
+{
+    userSteps = std::move(steps);
+    SetTimer(nullptr, 0, 0, &NextStep);
+    SendMessageA(button, BM_CLICK, 0, 0);
+    EXPECT_TRUE(userSteps.empty());
+    userSteps.clear();
 }
 
 std::string Text(HWND window)
@@ -78,11 +105,6 @@ std::string BuildFile(const std::string& hostPath)
         if (c == '/')
             c = '\\';
     return path;
-}
-
-std::string SourceFile(const std::string& relative)
-{
-    return BuildFile(std::string(TOS_SOURCE_DIR) + "/" + relative);
 }
 
 } // namespace tos::test

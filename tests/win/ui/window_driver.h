@@ -1,5 +1,7 @@
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <string>
 
 #include "common/fake_platform.h"
@@ -29,6 +31,10 @@ struct Windows {
 
 // Lets the windows handle what is posted to them, as the message loop would.
 void Pump();
+// Clicks a button that opens a modal window and does what the user does while its loop
+// runs: one step at each turn of that loop, so the loop sees what each step did before
+// the next. Fails the test if a step was left undone when the loop ended.
+void ClickAndDo(HWND button, std::deque<std::function<void()>> steps);
 std::string Text(HWND window);
 // Row i of a list view (its column's cell), read through the view itself.
 std::string ListRow(HWND list, int index, int column = 0);
@@ -37,8 +43,6 @@ int ListCount(HWND list);
 void PickRow(HWND combo, int index);
 // The user types text into an edit field (or a combo box's).
 void Type(HWND window, const std::string& text);
-// A file of the source tree, as a Windows path.
-std::string SourceFile(const std::string& relative);
 // A path of the build machine, as a Windows path.
 std::string BuildFile(const std::string& hostPath);
 
