@@ -1,7 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
-#include <sstream>
 
 #include "cli/cli_session.h"
 #include "cli/command_context.h"
@@ -31,10 +30,9 @@ int RunMap(const MapOptions& options, CommandContext& context)
     if (!options.selection.empty())
         app.main.comboSelectObject.SetText(options.selection);
     const SceneMap map = SceneMapper(app).Build();
-    std::ostringstream svg;
-    WriteSvg(map, svg);
+    const std::string svg = SvgDocument(map);
 
-    if (auto failure = Trap([&] { ReplaceFileAtomically(options.output, svg.str()); })) {
+    if (auto failure = Trap([&] { ReplaceFileAtomically(options.output, svg); })) {
         context.err << "tos-cli: cannot write " << options.output << ": " << failure->Description()
                     << " (" << failure->Number() << ")\n";
         return kExitMessages;

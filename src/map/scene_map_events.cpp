@@ -1,8 +1,6 @@
 #include "map/scene_map_events.h"
 
-#include <sstream>
-#include <string_view>
-#include <vector>
+#include <string>
 
 #include "forms/app.h"
 #include "map/scene_map.h"
@@ -30,18 +28,18 @@ std::string SceneMapFile(const App& app)
 
 void WriteSceneMapFile(App& app, const std::string& path)
 {
-    std::ostringstream svg;
-    WriteSvg(SceneMapper(app).Build(), svg);
-    // The file gets the line ends of the scripts beside it.
-    const std::string text = svg.str();
-    std::vector<std::string> lines;
-    std::string_view rest = text;
-    while (!rest.empty()) {
-        const std::size_t end = rest.find('\n');
-        lines.emplace_back(rest.substr(0, end));
-        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    const std::string svg = SvgDocument(SceneMapper(app).Build());
+    // The file gets the line ends of the scripts beside it, the last line's too.
+    std::string text;
+    text.reserve(svg.size() + svg.size() / 16);
+    for (const char c : svg) {
+        if (c == '\n')
+            text += '\r';
+        text += c;
     }
-    ReplaceFileAtomically(path, CrLfText(lines));
+    if (!svg.empty() && svg.back() != '\n')
+        text += "\r\n";
+    ReplaceFileAtomically(path, text);
 }
 
 void OpenSceneMapFile(App& app)

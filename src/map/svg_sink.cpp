@@ -56,10 +56,12 @@ void AppendEscaped(std::string& out, std::string_view text)
     }
 }
 
-SvgSink::SvgSink(std::ostream& out) : out_(out)
+SvgSink::SvgSink(std::ostream& out) : out_(&out), text_(own_)
 {
     text_.reserve(kChunk + kChunk / 4);
 }
+
+SvgSink::SvgSink(std::string& whole) : text_(whole) {}
 
 SvgSink& SvgSink::operator<<(Coordinate c)
 {
@@ -79,7 +81,9 @@ void SvgSink::EscapeFrom(std::size_t from)
 
 void SvgSink::Flush()
 {
-    out_.write(text_.data(), static_cast<std::streamsize>(text_.size()));
+    if (out_ == nullptr)
+        return;
+    out_->write(text_.data(), static_cast<std::streamsize>(text_.size()));
     text_.clear();
 }
 

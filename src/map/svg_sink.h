@@ -25,6 +25,8 @@ void AppendEscaped(std::string& out, std::string_view text);
 class SvgSink {
 public:
     explicit SvgSink(std::ostream& out);
+    // The whole document into whole, for a caller that writes it in one piece.
+    explicit SvgSink(std::string& whole);
 
     SvgSink& operator<<(std::string_view text)
     {
@@ -60,7 +62,7 @@ public:
     // Between elements: what has gathered goes to the stream once it is a chunk.
     void Pass()
     {
-        if (text_.size() >= kChunk)
+        if (out_ != nullptr && text_.size() >= kChunk)
             Flush();
     }
     void Flush();
@@ -69,8 +71,9 @@ private:
     void EscapeFrom(std::size_t from);
 
     static constexpr std::size_t kChunk = 1 << 16;
-    std::ostream& out_;
-    std::string text_;
+    std::ostream* out_ = nullptr; // nullptr: the document stays in text_
+    std::string own_;
+    std::string& text_;
 };
 
 } // namespace tos

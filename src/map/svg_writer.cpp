@@ -58,7 +58,7 @@ std::vector<std::string> CaptionLines(const SceneMap& map, std::size_t width)
 
 class Writer {
 public:
-    Writer(const SceneMap& map, std::ostream& out) : map_(map), out_(out)
+    template <class Target> Writer(const SceneMap& map, Target& out) : map_(map), out_(out)
     {
         const PictureBounds b = BoundsOf(map);
         bounds_ = b;
@@ -369,6 +369,13 @@ private:
 void WriteSvg(const SceneMap& map, std::ostream& out)
 {
     Writer(map, out).Write();
+}
+
+std::string SvgDocument(const SceneMap& map)
+{
+    std::string document;
+    Writer(map, document).Write();
+    return document;
 }
 
 } // namespace tos

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 namespace tos {
 
@@ -14,5 +15,7 @@ struct SceneMap;
 // them. Models and placements carry the window's hover text as their title. The
 // document is ASCII: other characters of the code page become references.
 void WriteSvg(const SceneMap& map, std::ostream& out);
+// The same document as one string.
+std::string SvgDocument(const SceneMap& map);
 
 } // namespace tos
