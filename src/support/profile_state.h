@@ -41,6 +41,8 @@ struct ProfileFiles::Numbered {
 // or two, with no division.
 class DistinctValues {
 public:
+    // At most this many values get a number; others get kFull, and the table stays small.
+    static constexpr std::uint32_t kFull = 0xFFFE;
     std::uint32_t NumberOf(std::string_view value);
 
 private:
@@ -68,17 +70,20 @@ struct ProfileFiles::LargeFile {
 
     // The values one key had in the sections of that answer, read by a walk over them and
     // given again to the next walk while the cache they point into holds: a load walks the
-    // same models several times. Places into the text, so no value is copied.
+    // same models several times. Places into the text, so no value is copied; five bytes a
+    // section, since a scene may hold millions. A value that does not fit is read again.
     struct WalkValues {
         std::shared_ptr<const Numbered> numbered;
         std::string key;
-        std::vector<std::uint32_t> at;
-        std::vector<std::uint16_t> length; // kUnread for a section not read yet
-        // A number per distinct value, so tests on a value are answered once per number.
-        std::vector<std::uint32_t> distinct;
+        std::vector<std::uint16_t> offset; // from the start of the section's first line
+        std::vector<std::uint8_t> length;  // a value has at most 255 characters
+        // A number per distinct value, so tests on a value are answered once per number;
+        // kUnread for a section not read yet.
+        std::vector<std::uint16_t> distinct;
         DistinctValues numbers;
     };
     static constexpr std::uint16_t kUnread = 0xFFFF;
+    static constexpr std::uint16_t kNoNumber = DistinctValues::kFull; // read, with no number
     WalkValues walkValues;
 
     // The place behind the header of the section name, or -1. The last answer is kept: a

@@ -46,6 +46,8 @@ std::uint32_t DistinctValues::NumberOf(std::string_view value)
     for (; slots_[slot] != 0; slot = (slot + 1) & (slots_.size() - 1))
         if (values_[slots_[slot] - 1] == value)
             return slots_[slot] - 1;
+    if (values_.size() >= kFull)
+        return kFull;
     values_.emplace_back(value);
     slots_[slot] = static_cast<std::uint32_t>(values_.size());
     return static_cast<std::uint32_t>(values_.size() - 1);
@@ -67,9 +69,9 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
         known = {};
         known.numbered = numbered;
         known.key = key;
-        known.at.resize(numbered->sections.size());
-        known.length.assign(numbered->sections.size(), LargeFile::kUnread);
-        known.distinct.resize(numbered->sections.size());
+        known.offset.resize(numbered->sections.size());
+        known.length.resize(numbered->sections.size());
+        known.distinct.assign(numbered->sections.size(), LargeFile::kUnread);
     }
     const std::uint64_t generation = numbered->generation;
     // Whether the look at the file taken last showed that the cache holds it.
@@ -110,9 +112,12 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
             const auto end = std::to_chars(digits, digits + sizeof digits, at.number).ptr;
             byName = GetINIString(prefix + std::string(digits, end), key, file);
             value = byName;
-        } else if (keeps && known.length[i] != LargeFile::kUnread) {
-            value = std::string_view(s.large->text).substr(known.at[i], known.length[i]);
-            distinct = known.distinct[i];
+        } else if (keeps && known.distinct[i] != LargeFile::kUnread) {
+            value = std::string_view(s.large->text)
+                        .substr(static_cast<std::size_t>(at.behind - 1) + known.offset[i],
+                                known.length[i]);
+            if (known.distinct[i] != LargeFile::kNoNumber)
+                distinct = known.distinct[i];
         } else {
             std::string_view found;
             bool plain = false;
@@ -125,13 +130,19 @@ bool ProfileFiles::ForEachNumberedValue(const std::string& file, const std::stri
                 found = {};
             value = found;
             // A value whose reading could have shown a message is read again next time.
-            if (plain && keeps) {
-                known.at[i] = found.empty()
-                                  ? 0
-                                  : static_cast<std::uint32_t>(found.data() - s.large->text.data());
-                known.length[i] = static_cast<std::uint16_t>(found.size());
+            const std::size_t first = static_cast<std::size_t>(at.behind) - 1;
+            const std::size_t offset =
+                found.empty()
+                    ? 0
+                    : static_cast<std::size_t>(found.data() - s.large->text.data()) - first;
+            if (plain && keeps && at.behind >= 1 && offset <= 0xFFFF) {
+                known.offset[i] = static_cast<std::uint16_t>(offset);
+                known.length[i] = static_cast<std::uint8_t>(found.size());
                 distinct = known.numbers.NumberOf(found);
-                known.distinct[i] = distinct;
+                if (distinct == DistinctValues::kFull)
+                    distinct = kNoDistinct;
+                known.distinct[i] = distinct == kNoDistinct ? LargeFile::kNoNumber
+                                                            : static_cast<std::uint16_t>(distinct);
             }
         }
         // A visit may read more keys of the same section, and may walk itself.
@@ -159,12 +170,10 @@ std::string_view ProfileFiles::GetVisitedValue(const std::string& prefix, std::i
     const Impl::Visited* const v = s.visited;
     // The section's place serves only while the look that showed the cache holding the
     // file is still the one a read would use; otherwise it is read by name, as any read.
-    const bool held = v != nullptr && v->held && v->number == number && s.look.valid &&
-                      s.look.count == v->look &&
-                      CoarseNowNs() - s.look.takenNs < kLookLifetimeNs &&
-                      v->generation == s.large->generation &&
-                      (&file == v->file || file == *v->file) &&
-                      (&prefix == v->prefix || prefix == *v->prefix);
+    const bool held =
+        v != nullptr && v->held && v->number == number && s.look.valid && s.look.count == v->look &&
+        CoarseNowNs() - s.look.takenNs < kLookLifetimeNs && v->generation == s.large->generation &&
+        (&file == v->file || file == *v->file) && (&prefix == v->prefix || prefix == *v->prefix);
     if (!held) {
         char digits[16];
         const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
