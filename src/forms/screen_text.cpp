@@ -4,8 +4,12 @@ namespace tos {
 
 std::size_t ShownColumns(std::string_view row)
 {
-    std::size_t columns = 0;
-    for (const char c : row)
+    // Up to the first tab, a row is as wide as it is long; most rows hold none.
+    const std::size_t tab = row.find('\t');
+    if (tab == std::string_view::npos)
+        return row.size();
+    std::size_t columns = tab;
+    for (const char c : row.substr(tab))
         columns = c == '\t' ? (columns / kTabColumns + 1) * kTabColumns : columns + 1;
     return columns;
 }

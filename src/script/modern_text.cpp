@@ -59,7 +59,7 @@ public:
     void FirstObject(const MaxPosition& at, std::optional<double> scaleFactor) override
     {
         script_.AddItem("-- move the first object into position");
-        script_.AddItem(Row({"first.pos = ", PositionValue(at)}));
+        script_.AddItem(PositionRow({"first.pos = "}, at));
         if (scaleFactor)
             script_.AddItem(Row({"first.scale = ", ScaleValue(*scaleFactor)}));
         script_.AddItem("");
@@ -70,7 +70,7 @@ public:
     void CopyPlacement(Int16 copyNumber, const MaxPosition& at) override
     {
         script_.AddItem(Row({make_, StringLiteral(CopyName(object_, copyNumber))}));
-        script_.AddItem(Row({"c.pos = ", PositionValue(at)}));
+        script_.AddItem(PositionRow({"c.pos = "}, at));
     }
 
     void CopyTurns(Int16, const Turns& turns) override

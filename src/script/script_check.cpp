@@ -123,7 +123,7 @@ void CheckName(Findings& findings, std::size_t line, std::string_view name)
         findings.Misread(line, "pattern",
                          "* and ? in the name " + shown + " match other objects too.", true);
     for (std::string_view set : kObjectSets)
-        if (EqualsIgnoringCase(name, set))
+        if (name.size() == set.size() && EqualsIgnoringCase(name, set))
             findings.Misread(line, "set",
                              "$" + std::string(name) + " means a set of objects, not the object " +
                                  std::string(name) + ".",
@@ -219,16 +219,31 @@ std::vector<ScriptFinding> CheckScript(const std::vector<std::string>& rows)
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const std::string_view row = rows[i];
         const std::size_t line = i + 1;
-        if (StartsWith(row, kHead))
-            findings.NewScript();
-        else if (StartsWith(row, kMerge))
-            CheckClassicPath(findings, line, row);
-        else if (StartsWith(row, kModernPath))
-            CheckModernPath(findings, line, row);
-        else if (StartsWith(row, kModernName))
-            CheckModernName(findings, line, row);
-        else if (const auto name = ClassicName(row))
-            CheckName(findings, line, *name);
+        // The first character tells the kinds of row apart; most rows are none of them.
+        switch (row.empty() ? '\0' : row.front()) {
+        case '-':
+            if (StartsWith(row, kHead))
+                findings.NewScript();
+            break;
+        case 'm':
+            if (StartsWith(row, kMerge))
+                CheckClassicPath(findings, line, row);
+            break;
+        case 'l':
+            if (StartsWith(row, kModernPath))
+                CheckModernPath(findings, line, row);
+            else if (StartsWith(row, kModernName))
+                CheckModernName(findings, line, row);
+            break;
+        case 'c':
+        case 'r':
+        case '$':
+            if (const auto name = ClassicName(row))
+                CheckName(findings, line, *name);
+            break;
+        default:
+            break;
+        }
     }
     return out;
 }

@@ -9,9 +9,12 @@
 
 namespace tos {
 
-std::string Row(std::initializer_list<std::string_view> parts)
+namespace {
+
+// The parts joined, with room for extra characters more.
+std::string Joined(std::initializer_list<std::string_view> parts, std::size_t extra)
 {
-    std::size_t size = 0;
+    std::size_t size = extra;
     for (std::string_view p : parts)
         size += p.size();
     std::string row;
@@ -21,10 +24,27 @@ std::string Row(std::initializer_list<std::string_view> parts)
     return row;
 }
 
-std::string PositionValue(const MaxPosition& at)
+// Room for a number the script writes: sign, fifteen digits, point and exponent.
+constexpr std::size_t kNumberRoom = 24;
+
+} // namespace
+
+std::string Row(std::initializer_list<std::string_view> parts)
 {
-    return Row({"[", FormatPattern(at.x, "0.000000"), ",", FormatPattern(at.y, "0.000000"), ",",
-                FormatPattern(at.z, "0.000000"), "]"});
+    return Joined(parts, 0);
+}
+
+std::string PositionRow(std::initializer_list<std::string_view> head, const MaxPosition& at)
+{
+    std::string row = Joined(head, 3 * kNumberRoom + 4);
+    row += '[';
+    AppendPattern(row, at.x, "0.000000");
+    row += ',';
+    AppendPattern(row, at.y, "0.000000");
+    row += ',';
+    AppendPattern(row, at.z, "0.000000");
+    row += ']';
+    return row;
 }
 
 std::string ScaleValue(double factor)
@@ -41,7 +61,10 @@ std::string CopyName(std::string_view object, Int16 copyNumber)
 void AppendRotateRows(ListBox& script, std::string_view node, const Turns& turns)
 {
     const auto rotate = [&](double angle, std::string_view axis) {
-        script.AddItem(Row({"rotate ", node, " (angleaxis ", NumberToText(angle), " ", axis, ")"}));
+        std::string row = Joined({"rotate ", node, " (angleaxis "}, kNumberRoom + 2 + axis.size());
+        AppendNumberText(row, angle);
+        row.append(" ").append(axis).append(")");
+        script.AddItem(std::move(row));
     };
     if (turns.rotateZ)
         rotate(turns.angleZ, "[0,0,1]");
@@ -77,7 +100,7 @@ public:
     {
         script_.AddItem("-- move the first object into position");
         script_.AddItem("max move");
-        script_.AddItem(Row({"$", object_, ".pos = ", PositionValue(at)}));
+        script_.AddItem(PositionRow({"$", object_, ".pos = "}, at));
         if (scaleFactor)
             script_.AddItem(Row({"$", object_, ".scale = ", ScaleValue(*scaleFactor)}));
         script_.AddItem("");
@@ -89,7 +112,7 @@ public:
     {
         const std::string name = CopyName(object_, copyNumber);
         script_.AddItem(Row({"copy $", object_, " isSelected:on name:\"", name, "\""}));
-        script_.AddItem(Row({"$", name, ".pos = ", PositionValue(at)}));
+        script_.AddItem(PositionRow({"$", name, ".pos = "}, at));
     }
 
     void CopyTurns(Int16 copyNumber, const Turns& turns) override

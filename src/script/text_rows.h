@@ -14,8 +14,8 @@ class ListBox;
 // Joins the parts of one row.
 std::string Row(std::initializer_list<std::string_view> parts);
 
-// "[x,y,z]" with six decimals each.
-std::string PositionValue(const MaxPosition& at);
+// The parts of head joined, then "[x,y,z]" with six decimals each.
+std::string PositionRow(std::initializer_list<std::string_view> head, const MaxPosition& at);
 
 // "[f,f,f]" with eight decimals each.
 std::string ScaleValue(double factor);

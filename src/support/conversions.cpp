@@ -156,7 +156,8 @@ bool ExactDigits(double magnitude, int count, LeadingDigits& out)
     if (shift <= 0 || shift > 120)
         return false;
     // The power of ten of the first digit, or one less: value >= 2^(52 - shift).
-    int e = static_cast<int>(std::floor((52 - shift) * 0.30102999566398120));
+    // floor(n log10 2) by a fixed-point product, exact for |n| below 1,650.
+    int e = ((52 - shift) * 78913) >> 18;
     const auto low = static_cast<std::uint64_t>(kPowersOfTen[count - 1]);
     const std::uint64_t high = low * 10;
     for (int attempt = 0; attempt < 2; ++attempt, ++e) {
@@ -356,40 +357,44 @@ double FloorNumber(double value)
 namespace {
 
 // Digits as plain text or in the exponent form ("1.5E-20"), sign in front.
-std::string DigitsText(bool negative, const char* digits, int count, int e, bool exponentForm,
-                       char mark)
+void AppendDigitsText(std::string& target, bool negative, const char* digits, int count, int e,
+                      bool exponentForm, char mark)
 {
-    std::string out;
+    // At most 17 digits, 15 zeros before them or 17 places, and three exponent digits.
+    char text[64];
+    char* out = text;
+    const auto put = [&out](const char* from, int n) { out = std::copy_n(from, n, out); };
+    const auto zeros = [&out](int n) { out = std::fill_n(out, n, '0'); };
     if (negative)
-        out += '-';
+        *out++ = '-';
     if (exponentForm) {
-        out += digits[0];
+        *out++ = digits[0];
         if (count > 1) {
-            out += '.';
-            out.append(digits + 1, count - 1);
+            *out++ = '.';
+            put(digits + 1, count - 1);
         }
-        out += mark;
-        out += e < 0 ? '-' : '+';
+        *out++ = mark;
+        *out++ = e < 0 ? '-' : '+';
         const int a = e < 0 ? -e : e;
         if (a < 10)
-            out += '0';
-        out += std::to_string(a);
+            *out++ = '0';
+        out = std::to_chars(out, text + sizeof text, a).ptr;
     } else if (e < 0) {
-        out += "0.";
-        out.append(static_cast<std::size_t>(-e - 1), '0');
-        out.append(digits, count);
+        put("0.", 2);
+        zeros(-e - 1);
+        put(digits, count);
     } else {
         const int whole = e + 1;
         if (count <= whole) {
-            out.append(digits, count);
-            out.append(static_cast<std::size_t>(whole - count), '0');
+            put(digits, count);
+            zeros(whole - count);
         } else {
-            out.append(digits, whole);
-            out += '.';
-            out.append(digits + whole, count - whole);
+            put(digits, whole);
+            *out++ = '.';
+            put(digits + whole, count - whole);
         }
     }
-    return out;
+    target.append(text, out);
 }
 
 // How many of the digits are left without trailing zeros.
@@ -402,15 +407,24 @@ int SignificantCount(const char* digits, int count)
 
 } // namespace
 
-std::string NumberToText(double value)
+void AppendNumberText(std::string& out, double value)
 {
-    if (value == 0.0 || !std::isfinite(value))
-        return "0";
+    if (value == 0.0 || !std::isfinite(value)) {
+        out += '0';
+        return;
+    }
     const Digits15 d = SignificantDigits(std::fabs(value));
     const int count = SignificantCount(d.digits, 15);
     const int e = d.exponent;
     const bool exponentForm = e >= 15 || (e < 0 && (-e - 1) + count > 15);
-    return DigitsText(value < 0, d.digits, count, e, exponentForm, 'E');
+    AppendDigitsText(out, value < 0, d.digits, count, e, exponentForm, 'E');
+}
+
+std::string NumberToText(double value)
+{
+    std::string text;
+    AppendNumberText(text, value);
+    return text;
 }
 
 std::string GeneralText(double value, int precision)
@@ -423,8 +437,10 @@ std::string GeneralText(double value, int precision)
     }
     const LeadingDigits d = RoundedDigits(value, precision);
     const int e = d.exponent;
-    return DigitsText(value < 0, d.digits, SignificantCount(d.digits, precision), e,
-                      e < -4 || e >= precision, 'e');
+    std::string text;
+    AppendDigitsText(text, value < 0, d.digits, SignificantCount(d.digits, precision), e,
+                     e < -4 || e >= precision, 'e');
+    return text;
 }
 
 std::string IntegerToText(long long value)
@@ -440,6 +456,13 @@ std::string SignedIntegerText(long long value)
 }
 
 std::string FormatPattern(double value, std::string_view pattern)
+{
+    std::string text;
+    AppendPattern(text, value, pattern);
+    return text;
+}
+
+void AppendPattern(std::string& out, double value, std::string_view pattern)
 {
     const std::size_t pointAt = pattern.find('.');
     const int minWhole =
@@ -492,8 +515,7 @@ std::string FormatPattern(double value, std::string_view pattern)
     const std::size_t total =
         std::max({shown, static_cast<std::size_t>(minWhole) + places, places + 1});
     const std::size_t lead = total - shown;
-    std::string out;
-    out.reserve(total + 2);
+    out.reserve(out.size() + total + 2);
     if (value < 0 && !zero)
         out += '-';
     for (std::size_t i = 0; i < total; ++i) {
@@ -502,7 +524,6 @@ std::string FormatPattern(double value, std::string_view pattern)
         const std::size_t at = i - lead; // wraps for the leading zeros
         out += i >= lead && at < static_cast<std::size_t>(length) ? digits[at] : '0';
     }
-    return out;
 }
 
 std::string UpperCase(std::string_view text)

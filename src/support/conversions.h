@@ -26,6 +26,8 @@ double FloorNumber(double value);
 
 // Shortest plain form at 15 significant digits; exponent form past the limits.
 std::string NumberToText(double value);
+// The same text, appended to out.
+void AppendNumberText(std::string& out, double value);
 
 // The first `count` (1 to 17) significant digits of a finite value other than zero,
 // correctly rounded, and the power of ten of the first; digits behind them are '0'.
@@ -45,6 +47,8 @@ std::string SignedIntegerText(long long value);
 // Patterns "0", "00", "000", "0.000000", "0.00000000": minimum whole digits,
 // exact decimals, half away from zero on the 15 significant digits.
 std::string FormatPattern(double value, std::string_view pattern);
+// The same text, appended to out.
+void AppendPattern(std::string& out, double value, std::string_view pattern);
 
 std::string UpperCase(std::string_view text);
 std::string TrimBlanks(std::string_view text);
