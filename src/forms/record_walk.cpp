@@ -1,6 +1,7 @@
 #include "forms/record_walk.h"
 
 #include "support/conversions.h"
+#include "support/element_view.h"
 #include "support/elements.h"
 
 namespace tos {
@@ -30,12 +31,12 @@ const RecordWalk& WalkOfSelection(Platform& platform, const std::string& selecti
 bool RowCounts(Platform& platform, const RecordWalk& walk, const std::string& row,
                const std::string& selection)
 {
-    return !walk.matchesSelection || GetElement(platform, row, "|", Int16(0)) == selection;
+    return !walk.matchesSelection || ElementOrMessage(platform, row, "|", 0) == selection;
 }
 
 Int32 ModelNumberOfRow(Platform& platform, const RecordWalk& walk, const std::string& row)
 {
-    return ToInt32(TextToNumber(GetElement(platform, row, "|", walk.modelNumberField)));
+    return ToInt32(TextToNumber(ElementOrMessage(platform, row, "|", walk.modelNumberField.value())));
 }
 
 } // namespace tos
