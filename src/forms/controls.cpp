@@ -1,10 +1,6 @@
 #include "forms/controls.h"
 
-#include <algorithm>
-#include <cstdint>
-
 #include "forms/row_order.h"
-#include "support/conversions.h"
 #include "support/failure.h"
 
 namespace tos {
@@ -157,7 +153,6 @@ const std::vector<std::string>& ListBox::Rows() const
     SortPending();
     return rows_;
 }
-
 
 void ListBox::SortPending() const
 {

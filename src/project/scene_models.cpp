@@ -58,8 +58,8 @@ void SecondPass(App& app, MainForm& form)
     form.lstSCNdata2.Clear();
     Int32 copy = 1;
     const Int32 count = Int32(form.lstSCNdata1.ListCount().value());
-    // The stem of the next row is the stem of the row after it: a row this short takes the
-    // element walk without a message, so taking it once shows what taking it twice would.
+    // A row's stem was taken a step before, as the stem of the next row; a row this short
+    // is split without a message, so taking its stem once shows what taking it twice would.
     std::string_view nextStem;
     for (Int32 i = 0; i <= count - 1; ++i) {
         const std::string& row = form.lstSCNdata1.List(Int16::From(i.value()));
