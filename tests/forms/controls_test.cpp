@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "common/fake_platform.h"
 #include "forms/app.h"
 #include "forms/screen_text.h"
+#include "support/conversions.h"
 #include "support/failure.h"
 
 namespace tos {
@@ -52,6 +55,35 @@ TEST(ListBoxTest, SixteenBitListsStopAt32767AndScriptListsGoOn)
         // A 16-bit count of a longer list would be wrong, so it fails instead.
         const auto counted = Trap([&] { EXPECT_EQ(c.list->ListCount().value(), 32767); });
         EXPECT_EQ(counted ? counted->Number() : 0, c.kept > 32767 ? 6 : 0);
+    }
+}
+
+// A sorted list orders its rows as their upper-cased bytes compare, rows with equal keys in
+// the order they came, also when rows come between reads; checked against a stable sort on
+// lists whose rows share heads, differ in case and in bytes above 127.
+TEST(ListBoxTest, SortedRowsFollowTheirUpperCasedBytesAndKeepTheOrderOfEqualOnes)
+{
+    std::mt19937 random(7);
+    const std::string bytes = "aAbB|09 \xe9\xc9\xff";
+    for (int list = 0; list < 300; ++list) {
+        ListBox box("lst", true);
+        std::vector<std::string> expected;
+        std::vector<std::string> heads(1 + random() % 5);
+        for (std::string& head : heads)
+            for (std::size_t n = random() % 20; n > 0; --n)
+                head += bytes[random() % bytes.size()];
+        for (std::size_t row = random() % 400; row > 0; --row) {
+            std::string text = heads[random() % heads.size()];
+            for (std::size_t n = random() % 5; n > 0; --n)
+                text += bytes[random() % bytes.size()];
+            box.AddItem(text);
+            expected.push_back(text);
+            if (random() % 40 == 0 || row == 1) {
+                std::stable_sort(expected.begin(), expected.end(),
+                                 [](auto& a, auto& b) { return UpperCase(a) < UpperCase(b); });
+                ASSERT_EQ(box.Rows(), expected) << "list " << list;
+            }
+        }
     }
 }
 
