@@ -42,9 +42,12 @@ using Entries = std::vector<SortEntry>;
 // Rows of one list share few first eight bytes (an object's name), so the entries are put
 // in groups of equal heads by counting, and each group is sorted on its own: far fewer
 // comparisons than one sort of them all.
-void SortByKey(Entries::iterator first, Entries::iterator last, const auto& less)
+void SortByKey(Entries& order, std::size_t from, const auto& less)
 {
-    const auto count = static_cast<std::size_t>(last - first);
+    if (from >= order.size())
+        return;
+    const std::size_t count = order.size() - from;
+    const auto first = order.begin() + static_cast<std::ptrdiff_t>(from);
     std::vector<std::uint64_t> heads;
     std::vector<std::uint32_t> slots(64, 0); // 0 for free, else head number + 1
     std::vector<std::uint32_t> headOf(count);
@@ -74,7 +77,7 @@ void SortByKey(Entries::iterator first, Entries::iterator last, const auto& less
     std::sort(byHead.begin(), byHead.end(),
               [&](std::uint32_t a, std::uint32_t b) { return heads[a] < heads[b]; });
     std::vector<std::size_t> start(heads.size() + 1, 0);
-    std::vector<std::uint32_t> rank(heads.size());
+    std::vector<std::uint32_t> rank = byHead; // the same size; every place is written below
     for (std::uint32_t r = 0; r < byHead.size(); ++r)
         rank[byHead[r]] = r;
     for (std::size_t i = 0; i < count; ++i)
@@ -118,7 +121,7 @@ void MergeRowsInOrder(std::vector<std::string>& rows, std::size_t sorted)
     // nothing to move.
     if (std::is_sorted(added, order.end(), less) && (sorted == 0 || !less(*added, *(added - 1))))
         return;
-    SortByKey(added, order.end(), less);
+    SortByKey(order, sorted, less);
     std::inplace_merge(order.begin(), added, order.end(), less);
     std::vector<std::string> inOrder(n);
     for (std::size_t i = 0; i < n; ++i)

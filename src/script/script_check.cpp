@@ -122,12 +122,13 @@ void CheckName(Findings& findings, std::size_t line, std::string_view name)
     else if (pattern)
         findings.Misread(line, "pattern",
                          "* and ? in the name " + shown + " match other objects too.", true);
-    for (std::string_view set : kObjectSets)
-        if (name.size() == set.size() && EqualsIgnoringCase(name, set))
-            findings.Misread(line, "set",
-                             "$" + std::string(name) + " means a set of objects, not the object " +
-                                 std::string(name) + ".",
-                             true);
+    for (std::string_view set : kObjectSets) {
+        if (name.size() == set.size() && EqualsIgnoringCase(name, set)) {
+            std::string text = "$";
+            text.append(name).append(" means a set of objects, not the object ");
+            findings.Misread(line, "set", text.append(name).append("."), true);
+        }
+    }
 }
 
 bool IsHexDigit(char c)
