@@ -28,6 +28,15 @@ struct Profile {
 
 const std::string kNotFound = "NotFound";
 
+// A new name for every text: the system keeps its own copy of files it read. (Built in
+// steps: the cross compiler's -Wrestrict misreads "p" + std::to_string(n) at -O3.)
+std::string FileName(std::string prefix, int number)
+{
+    prefix += std::to_string(number);
+    prefix += ".ini";
+    return prefix;
+}
+
 std::string Ours(const ParsedProfile& profile, const Read& read)
 {
     const std::string value(profile.Value(read.section, read.key).value_or(kNotFound));
@@ -102,8 +111,7 @@ TEST(ProfileRoad, OurReaderAnswersAsTheSystemReader)
     test::ScratchDir dir;
     int file = 0;
     for (const Profile& profile : kProfiles) {
-        // A new name for every text: the system keeps its own copy of files it read.
-        const std::string path = dir.Write("p" + std::to_string(++file) + ".ini", profile.text);
+        const std::string path = dir.Write(FileName("p", ++file), profile.text);
         const ParsedProfile ours(profile.text);
         for (const Read& read : profile.reads)
             EXPECT_EQ(Ours(ours, read), Theirs(path, read))
@@ -138,7 +146,7 @@ TEST(ProfileRoad, WhereWineDiffersOursKeepsItsRule)
     test::ScratchDir dir;
     int file = 0;
     for (const Row& row : rows) {
-        const std::string path = dir.Write("d" + std::to_string(++file) + ".ini", row.text);
+        const std::string path = dir.Write(FileName("d", ++file), row.text);
         EXPECT_EQ(Ours(ParsedProfile(row.text), row.read), kNotFound) << row.rule;
         const std::string theirs = Theirs(path, row.read);
         EXPECT_TRUE(theirs == kNotFound || theirs == row.wine) << row.rule << ": " << theirs;
